@@ -1,0 +1,42 @@
+// What differs among the twelve views, as a table.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "shell/window_record.h"
+#include "views/view_state.h"
+#include "workspace/workspace.h"
+
+namespace ondrel {
+
+struct ViewColorRecord {
+  const char* Label;  // title of the colour dialog
+  RgbColor Default;
+};
+
+struct RecordTable;
+
+/// What a view does. A kind whose routines do not exist yet cannot be opened.
+struct ViewRoutines {
+  /// Draws the whole client area with the device of a paint message.
+  void (*Paint)(ChildWindow* window, const DeviceRecord& device);
+  /// The table that a scrolling view shows; null for the others.
+  const RecordTable* Scrolled;
+};
+
+struct ViewKindRecord {
+  ViewKind Kind;
+  const char* Title;
+  const char* CreationText;  // what the failure report names
+  bool VerticalBar;
+  std::span<const ViewColorRecord> Colors;  // in the order of the view's colour places
+  std::size_t Background;                   // place of the background among them
+  int MenuResource;                         // 0: the view has no menu of its own
+  const ViewRoutines* Routines;             // null: cannot be opened
+};
+
+const ViewKindRecord& FactsOf(ViewKind kind);
+
+}  // namespace ondrel

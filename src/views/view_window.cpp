@@ -1,0 +1,222 @@
+#include "views/view_window.h"
+
+#include <array>
+#include <utility>
+
+#include "shell/toolkit.h"
+#include "shell/window_events.h"
+#include "views/screen_drawing.h"
+#include "views/scrolling_table.h"
+#include "workspace/report.h"
+#include "workspace/scroll_range.h"
+
+namespace ondrel {
+namespace {
+
+// --- The callback table --------------------------------------------------------------------------
+// Each kind has its own functions, since the window layer hands over nothing but the window.
+
+template <ViewKind kKind>
+ViewState& StateOf(WindowRecord* window) {
+  return ViewOf(*window->Owner, kKind);
+}
+
+template <ViewKind kKind>
+void OnCreated(WindowRecord* window) {
+  StateOf<kKind>(window).Window = window;
+}
+
+/// Only the place of a normal window is remembered.
+void RememberPlace(WindowRecord* window, ViewState& view, WindowPlacement placement) {
+  if (placement == WindowPlacement::Normal) view.ViewRect = toolkit::WindowRect(window);
+}
+
+template <ViewKind kKind>
+void OnMoved(WindowRecord* window, WindowPlacement placement) {
+  StateOf<kKind>(window).Placement = placement;
+  RememberPlace(window, StateOf<kKind>(window), placement);
+}
+
+template <ViewKind kKind>
+void OnSized(WindowRecord* window, WindowPlacement placement) {
+  RememberPlace(window, StateOf<kKind>(window), placement);
+}
+
+template <ViewKind kKind>
+void OnActivate(WindowRecord* window, bool active) {
+  Workspace& workspace = *window->Owner;
+  if (active) {
+    workspace.Menus.InstallViewMenu(workspace.Frame, kKind);
+  } else {
+    workspace.Menus.InstallDataMenu(workspace.Frame);
+  }
+}
+
+template <ViewKind kKind>
+void OnClose(WindowRecord* window) {
+  Workspace& workspace = *window->Owner;
+  workspace.Menus.InstallDataMenu(workspace.Frame);
+  DestroyView(workspace, kKind);
+}
+
+template <ViewKind kKind>
+void OnPaint(WindowRecord* window, const DeviceRecord& device) {
+  FactsOf(kKind).Routines->Paint(window, device);
+}
+
+/// The table to be scrolled along `axis`; null when this view does not answer.
+template <ViewKind kKind>
+const RecordTable* Scrolled(Axis axis) {
+  return axis == Axis::Vertical ? FactsOf(kKind).Routines->Scrolled : nullptr;
+}
+
+template <ViewKind kKind>
+void OnScrollBegin(WindowRecord* window, Axis axis) {
+  if (const RecordTable* table = Scrolled<kKind>(axis)) BeginScroll(*window->Owner, *table);
+}
+
+template <ViewKind kKind, ScrollStep kStep>
+void OnScrollStep(WindowRecord* window, Axis axis) {
+  if (const RecordTable* table = Scrolled<kKind>(axis)) StepScroll(*window->Owner, *table, kStep);
+}
+
+template <ViewKind kKind>
+void OnScrollDone(WindowRecord* window, Axis axis) {
+  if (const RecordTable* table = Scrolled<kKind>(axis)) EndScroll(*window->Owner, *table);
+}
+
+int OnKeyDown(WindowRecord* window, int key) {
+  return HandleScrollKey(window, key);
+}
+
+void IgnoreCommand(WindowRecord*, int, int) {}
+void IgnoreMouse(WindowRecord*, int, int) {}
+void IgnoreEnabled(WindowRecord*, bool) {}
+void IgnoreSlot(WindowRecord*) {}
+void IgnoreChar(WindowRecord*, int) {}
+int PassMessageOn(WindowRecord*, const void*) {
+  return 0;
+}
+
+template <ViewKind kKind>
+constexpr ChildCallbacks kCallbacks = {
+    .Created = OnCreated<kKind>,
+    .Command = IgnoreCommand,
+    .MouseDown = IgnoreMouse,
+    .MouseMove = IgnoreMouse,
+    .MouseUp = IgnoreMouse,
+    .ScrollBegin = OnScrollBegin<kKind>,
+    .ScrollLineUp = OnScrollStep<kKind, ScrollStep::LineUp>,
+    .ScrollPageUp = OnScrollStep<kKind, ScrollStep::PageUp>,
+    .ScrollHome = OnScrollStep<kKind, ScrollStep::Home>,
+    .ScrollEnd = OnScrollStep<kKind, ScrollStep::End>,
+    .ScrollPageDown = OnScrollStep<kKind, ScrollStep::PageDown>,
+    .ScrollLineDown = OnScrollStep<kKind, ScrollStep::LineDown>,
+    .ScrollDone = OnScrollDone<kKind>,
+    .Moved = OnMoved<kKind>,
+    .Sized = OnSized<kKind>,
+    .Close = OnClose<kKind>,
+    .Activate = OnActivate<kKind>,
+    .Paint = OnPaint<kKind>,
+    .Enabled = IgnoreEnabled,
+    .Unused19 = IgnoreSlot,
+    .Unused20 = IgnoreSlot,
+    .KeyDown = OnKeyDown,
+    .Char = IgnoreChar,
+    .FilterMessage = PassMessageOn,
+    .Closing = IgnoreSlot,
+};
+
+template <std::size_t... kPlaces>
+constexpr std::array<const ChildCallbacks*, kViewCount> AllCallbacks(
+    std::index_sequence<kPlaces...>) {
+  return {&kCallbacks<static_cast<ViewKind>(kPlaces)>...};
+}
+constexpr auto kAllCallbacks = AllCallbacks(std::make_index_sequence<kViewCount>());
+
+ChildCallbacks* AllocateCallbacks(ViewKind kind) {
+  auto* callbacks = toolkit::AllocateRecords<ChildCallbacks>(1);
+  if (callbacks != nullptr) *callbacks = *kAllCallbacks[static_cast<std::size_t>(kind)];
+  return callbacks;
+}
+
+void FreeCallbacks(const ChildCallbacks* callbacks) {
+  toolkit::FreeMemory(const_cast<ChildCallbacks*>(callbacks));
+}
+
+// --- Opening -------------------------------------------------------------------------------------
+
+/// The offset only grows while the run lasts, so that no two new views hide each other.
+void CascadeInto(Workspace& workspace, FrameWindow* frame, ViewState& view) {
+  view.ViewRect = toolkit::ClientRect(frame);
+  view.ViewRect.Left = workspace.CascadeOffset;
+  view.ViewRect.Top = workspace.CascadeOffset;
+  view.ViewRect.Bottom -= workspace.CascadeStep;
+  workspace.CascadeOffset += workspace.CascadeStep;
+}
+
+void ReportCreationFailure(FrameWindow* frame, ViewKind kind) {
+  ReportFailure(frame, {TextId::InsufficientMemoryFor, FactsOf(kind).CreationText,
+                        TextId::QuitOtherPrograms});
+}
+
+}  // namespace
+
+void OpenView(FrameWindow* frame, ViewKind kind) {
+  Workspace& workspace = *frame->Owner;
+  ViewState& view = ViewOf(workspace, kind);
+  if (view.Window != nullptr) {
+    toolkit::BringForward(view.Window);
+    return;
+  }
+  const ChildCallbacks* callbacks = AllocateCallbacks(kind);
+  if (callbacks == nullptr) {
+    ReportCreationFailure(frame, kind);
+    return;
+  }
+  if (IsDegenerate(view.ViewRect)) CascadeInto(workspace, frame, view);
+  const ViewKindRecord& facts = FactsOf(kind);
+  ChildWindow* window = toolkit::CreateChild(frame, facts.Title, view.ViewRect, false,
+                                             facts.VerticalBar, &workspace, callbacks);
+  if (window == nullptr) {
+    view.Window = nullptr;
+    FreeCallbacks(callbacks);
+    ReportCreationFailure(frame, kind);
+    return;
+  }
+  if (const RecordTable* table = facts.Routines->Scrolled) {
+    RefreshScrollRange(view, table->CountRows(workspace));
+  }
+  RepaintView(workspace, kind);
+}
+
+void DestroyView(Workspace& workspace, ViewKind kind) {
+  ViewState& view = ViewOf(workspace, kind);
+  if (view.Window == nullptr) return;
+  const ChildCallbacks* callbacks = view.Window->Callbacks;
+  toolkit::DestroyWindow(view.Window);
+  FreeCallbacks(callbacks);
+  view.Window = nullptr;
+  view.NeedsRebuild = false;
+}
+
+void RepaintView(Workspace& workspace, ViewKind kind) {
+  ViewState& view = ViewOf(workspace, kind);
+  if (view.Window == nullptr) return;
+  const RgbColor& background = view.Colors[FactsOf(kind).Background];
+  const IntRect client = toolkit::ClientRect(view.Window);
+  DeviceRecord device = toolkit::AcquireDevice(view.Window);
+  BeginScreenDrawing(workspace, device, background);
+  toolkit::FillArea(workspace.Graphics.Device, client, background);
+  EndScreenDrawing(workspace);
+  toolkit::ReleaseDevice(view.Window, device);
+  toolkit::Invalidate(view.Window, client);
+}
+
+void RepaintViewIfStale(Workspace& workspace, ViewKind kind) {
+  ViewState& view = ViewOf(workspace, kind);
+  if (view.NeedsRebuild) RepaintView(workspace, kind);
+  view.NeedsRebuild = false;
+}
+
+}  // namespace ondrel

@@ -1,0 +1,42 @@
+// Plain values that every floor shares: rectangles and colours.
+#pragma once
+
+#include <cstdint>
+
+namespace ondrel {
+
+/// A rectangle in device units, y growing downward; `Right` and `Bottom` lie one past its inside.
+struct IntRect {
+  std::int32_t Left = 0;
+  std::int32_t Top = 0;
+  std::int32_t Right = 0;
+  std::int32_t Bottom = 0;
+
+  friend bool operator==(const IntRect&, const IntRect&) = default;
+};
+
+constexpr std::int32_t Width(const IntRect& rect) { return rect.Right - rect.Left; }
+constexpr std::int32_t Height(const IntRect& rect) { return rect.Bottom - rect.Top; }
+
+/// A view without a remembered place has such a rectangle.
+constexpr bool IsDegenerate(const IntRect& rect) {
+  return rect.Left == rect.Right || rect.Top == rect.Bottom;
+}
+
+/// A colour of three channels, each 0 to 65535. The platform shows the upper eight of the sixteen
+/// bits.
+struct RgbColor {
+  std::int32_t Red = 0;
+  std::int32_t Green = 0;
+  std::int32_t Blue = 0;
+
+  friend bool operator==(const RgbColor&, const RgbColor&) = default;
+};
+
+inline constexpr RgbColor kBlack{0, 0, 0};
+inline constexpr RgbColor kWhite{65535, 65535, 65535};
+inline constexpr RgbColor kGrey{49152, 49152, 49152};
+inline constexpr RgbColor kRed{65535, 0, 0};
+inline constexpr RgbColor kBlue{0, 0, 65535};
+
+}  // namespace ondrel

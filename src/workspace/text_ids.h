@@ -1,0 +1,27 @@
+// Numbers of the texts in the string table.
+#pragma once
+
+namespace ondrel {
+
+enum class TextId : int {
+  CouldNotOpenFile = 300,
+  DotErrorCode = 301,
+  ErrorCode = 302,
+  WhileReading = 303,
+  InsufficientMemoryFor = 305,
+  QuitOtherPrograms = 306,
+  TableIsFull = 307,
+  TableEntries = 308,
+  CannotReadFile = 310,
+  ExpectsTabDelimited = 311,
+  Welcome = 314,
+  TheDataFile = 320,
+  ErrorOccurredAtNumber = 321,
+  TooManyFiles = 322,
+  NotConsistent = 323,
+  ReduceEntries = 324,
+  ImportErasesEvents = 331,
+  ImportDoesNotMatch = 332,
+};
+
+}  // namespace ondrel

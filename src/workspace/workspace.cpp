@@ -1,0 +1,162 @@
+#include "workspace/workspace.h"
+
+#include "shell/toolkit.h"
+#include "workspace/report.h"
+
+namespace ondrel {
+namespace {
+
+/// Defaults for everything beside the storage, which a reset leaves alone.
+template <typename Table>
+void ResetTable(Table& table) {
+  Table defaults;
+  defaults.Records = table.Records;
+  defaults.Index = table.Index;
+  defaults.Count = table.Count;
+  table = defaults;
+}
+
+/// The pointer array first, then the block. On failure neither is left.
+template <typename Record, typename Table>
+bool AllocateStorage(Table& table) {
+  table.Count = 0;
+  table.Index = toolkit::AllocateRecords<Record*>(table.Capacity);
+  if (table.Index == nullptr) return false;
+  table.Records = toolkit::AllocateRecords<Record>(table.Capacity);
+  if (table.Records == nullptr) {
+    toolkit::FreeMemory(table.Index);
+    table.Index = nullptr;
+    return false;
+  }
+  for (std::int32_t row = 0; row < table.Capacity; ++row) table.Index[row] = table.Records + row;
+  return true;
+}
+
+void ReportNoMemory(FrameWindow* frame, const char* table, TextId tail) {
+  ReportFailure(frame, {TextId::InsufficientMemoryFor, table, tail});
+}
+
+template <typename Table>
+void CloseTable(Table& table, void (*freeTable)(Table&)) {
+  freeTable(table);
+  table.Count = 0;
+}
+
+void FreeStatistics(StatisticsTable& statistics) {
+  toolkit::FreeMemory(statistics.Rows);
+  statistics.Rows = nullptr;
+  statistics.RowCount = 0;
+  statistics.TotalEvents = 0;
+}
+
+template <typename Histogram>
+void FreeBins(Histogram& histogram) {
+  toolkit::FreeMemory(histogram.Bins);
+  histogram.Bins = nullptr;
+}
+
+template <typename Histogram>
+void ResetHistogram(Histogram& histogram) {
+  Histogram defaults;
+  defaults.Bins = histogram.Bins;
+  histogram = defaults;
+}
+
+void ResetStatistics(StatisticsTable& statistics) {
+  statistics.Reference = StatisticsTable{}.Reference;
+}
+
+void ResetGeneral(Workspace& workspace) {
+  const Workspace defaults;
+  workspace.SkipStartupDialog = defaults.SkipStartupDialog;
+  workspace.LastClickTime = toolkit::TickCount();
+  workspace.LineSearchLimit = defaults.LineSearchLimit;
+  workspace.LimitToWindow = defaults.LimitToWindow;
+  workspace.FontSize = defaults.FontSize;
+  workspace.PenSize = defaults.PenSize;
+  workspace.LevelFileType = defaults.LevelFileType;
+  workspace.ExportType = defaults.ExportType;
+  workspace.TextExportType = defaults.TextExportType;
+  workspace.FrameRect = defaults.FrameRect;
+  workspace.FrameShow = defaults.FrameShow;
+  workspace.Closing = defaults.Closing;
+  workspace.ExportDpi = defaults.ExportDpi;
+}
+
+}  // namespace
+
+void ResetWorkspace(Workspace& workspace) {
+  ResetGeneral(workspace);
+  ResetTable(workspace.Events);
+  ResetTable(workspace.Levels);
+  ResetTable(workspace.Sweeps);
+  ResetTable(workspace.Files);
+  ResetHistogram(workspace.Amplitude);
+  ResetHistogram(workspace.Duration);
+  workspace.Scatter = {};
+  workspace.AmplitudeScatter = {};
+  workspace.DurationScatter = {};
+  workspace.Stationarity = {};
+  ResetStatistics(workspace.Statistics);
+}
+
+void AllocateEventTable(FrameWindow* frame) {
+  if (!AllocateStorage<EventRecord>(frame->Owner->Events)) {
+    ReportNoMemory(frame, "event table", TextId::ReduceEntries);
+  }
+}
+
+void AllocateLevelTable(FrameWindow* frame) {
+  if (!AllocateStorage<LevelRecord>(frame->Owner->Levels)) {
+    ReportNoMemory(frame, "level table", TextId::ReduceEntries);
+  }
+}
+
+void AllocateSweepTable(FrameWindow* frame) {
+  if (!AllocateStorage<SweepRecord>(frame->Owner->Sweeps)) {
+    ReportNoMemory(frame, "Sweep table", TextId::ReduceEntries);
+  }
+}
+
+void AllocateFileTable(FrameWindow* frame) {
+  if (!AllocateStorage<FileRecord>(frame->Owner->Files)) {
+    ReportNoMemory(frame, "File table", TextId::QuitOtherPrograms);
+  }
+}
+
+bool AllocateAllTables(FrameWindow* frame) {
+  Workspace& workspace = *frame->Owner;
+  AllocateEventTable(frame);
+  if (workspace.Events.Index == nullptr) return false;
+  AllocateLevelTable(frame);
+  if (workspace.Levels.Index != nullptr) {
+    AllocateSweepTable(frame);
+    if (workspace.Sweeps.Index != nullptr) {
+      AllocateFileTable(frame);
+      if (workspace.Files.Index != nullptr) return true;
+      FreeSweepTable(workspace.Sweeps);
+    }
+    FreeLevelTable(workspace.Levels);
+  }
+  FreeEventTable(workspace.Events);
+  return false;
+}
+
+void FreeAllTables(Workspace& workspace) {
+  CloseTable(workspace.Events, FreeEventTable);
+  CloseTable(workspace.Levels, FreeLevelTable);
+  FreeBins(workspace.Amplitude);
+  FreeBins(workspace.Duration);
+  FreeStatistics(workspace.Statistics);
+  CloseTable(workspace.Sweeps, FreeSweepTable);
+  CloseTable(workspace.Files, FreeFileTable);
+}
+
+void ClearEvents(FrameWindow* frame, std::int32_t first, std::int32_t count) {
+  EventTable& events = frame->Owner->Events;
+  if (count <= 0 || first < 0 || first >= events.Count) return;
+  if (count > events.Count - first) return;
+  events.Count = 0;
+}
+
+}  // namespace ondrel

@@ -1,0 +1,139 @@
+// The device of the scripted shell: every call becomes a line of text.
+#include <cstdio>
+#include <string>
+
+#include "support/scripted_shell.h"
+
+namespace ondrel::scripted {
+
+namespace {
+
+/// What a device keeps while it lives; the record's handles point here.
+struct Device {
+  std::int32_t FontHeight = 10;
+  std::int32_t X = 0;
+  std::int32_t Y = 0;
+};
+
+Device& DeviceOf(const DeviceRecord& record) {
+  return *static_cast<Device*>(record.Dc);
+}
+
+void Draw(const std::string& line) {
+  TheShell().Drawing.push_back(line);
+}
+
+std::string Text(const IntRect& rect) {
+  return std::to_string(rect.Left) + " " + std::to_string(rect.Top) + " " +
+         std::to_string(rect.Right) + " " + std::to_string(rect.Bottom);
+}
+
+std::string Text(const RgbColor& color) {
+  return std::to_string(color.Red) + " " + std::to_string(color.Green) + " " +
+         std::to_string(color.Blue);
+}
+
+std::string Text(std::int32_t x, std::int32_t y) {
+  return std::to_string(x) + " " + std::to_string(y);
+}
+
+}  // namespace
+
+std::int32_t CharWidth(std::int32_t fontHeight) {
+  return (fontHeight + 1) / 2;
+}
+
+toolkit::FontMetrics MetricsOf(std::int32_t fontHeight) {
+  return {.Ascent = fontHeight - fontHeight / 4, .Descent = fontHeight / 4};
+}
+
+}  // namespace ondrel::scripted
+
+namespace ondrel::toolkit {
+
+using namespace scripted;
+
+DeviceRecord AcquireDevice(ChildWindow*) {
+  return {.Dc = new Device};
+}
+
+void ReleaseDevice(ChildWindow*, DeviceRecord& device) {
+  delete static_cast<Device*>(device.Dc);
+  device.Dc = nullptr;
+}
+
+void SetUpDevice(DeviceRecord& device) {
+  DeviceOf(device).FontHeight = 10;
+}
+void CleanUpDevice(DeviceRecord&) {
+  Draw("clean up");
+}
+double DeviceDpi(const DeviceRecord&) {
+  return kScreenDpi;
+}
+void SetPenWidth(DeviceRecord&, std::int32_t width) {
+  Draw("pen width " + std::to_string(width));
+}
+
+void SetFontHeight(DeviceRecord& device, std::int32_t height) {
+  DeviceOf(device).FontHeight = height;
+}
+
+FontMetrics MeasureFont(const DeviceRecord& device) {
+  return MetricsOf(DeviceOf(device).FontHeight);
+}
+
+std::int32_t TextWidth(const DeviceRecord& device, const char* text) {
+  return CharWidth(DeviceOf(device).FontHeight) *
+         static_cast<std::int32_t>(std::string(text).size());
+}
+
+void SetBackground(DeviceRecord&, const RgbColor& color) {
+  Draw("background " + Text(color));
+}
+
+void FillArea(DeviceRecord&, const IntRect& rect, const RgbColor& color) {
+  Draw("fill " + Text(rect) + " with " + Text(color));
+}
+
+void SetDrawingColor(DeviceRecord&, const RgbColor& color) {
+  Draw("color " + Text(color));
+}
+
+void MoveTo(DeviceRecord& device, std::int32_t x, std::int32_t y) {
+  DeviceOf(device).X = x;
+  DeviceOf(device).Y = y;
+}
+
+void LineTo(DeviceRecord& device, std::int32_t x, std::int32_t y) {
+  Device& state = DeviceOf(device);
+  Draw("line " + Text(state.X, state.Y) + " to " + Text(x, y));
+  MoveTo(device, x, y);
+}
+
+void FilledRect(DeviceRecord&, const IntRect& rect) {
+  Draw("filled rect " + Text(rect));
+}
+void HollowRect(DeviceRecord&, const IntRect& rect) {
+  Draw("hollow rect " + Text(rect));
+}
+
+void DrawTextHere(DeviceRecord& device, const char* text) {
+  Device& state = DeviceOf(device);
+  Draw("text " + Text(state.X, state.Y) + " " + text);
+  state.X += TextWidth(device, text);
+}
+
+void ClipTo(DeviceRecord&, const IntRect& rect) {
+  Draw("clip " + Text(rect));
+}
+void RemoveClip(DeviceRecord&) {
+  Draw("clip off");
+}
+
+void ScrollArea(ChildWindow*, DeviceRecord&, const IntRect& rect, std::int32_t dy,
+                const RgbColor& background) {
+  Draw("scroll " + Text(rect) + " by " + std::to_string(dy) + " with " + Text(background));
+}
+
+}  // namespace ondrel::toolkit

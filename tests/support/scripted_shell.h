@@ -1,0 +1,167 @@
+// The toolkit of native tests. It answers boxes and dialogs from a script, records what the program
+// shows and draws, opens real files, and fails the n-th allocation or file operation on demand.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "shell/toolkit.h"
+
+namespace ondrel::scripted {
+
+/// Fails the `Next`-th call from now (1 is the very next), and all later ones when `Lasting`.
+struct Fault {
+  int Next = 0;
+  bool Lasting = false;
+  int Calls = 0;  // all calls since the reset
+
+  /// Counts a call; true when it is to fail.
+  bool Strikes();
+};
+
+struct Box {
+  std::string Text;
+  toolkit::BoxButtons Buttons{};
+  toolkit::BoxIcon Icon{};
+  int DefaultButton = 0;
+};
+
+struct FileDialog {
+  toolkit::FileDialogMode Mode{};
+  std::string Title;
+  std::string DefaultName;
+};
+
+struct Control {
+  std::string Text;
+  bool Checked = false;
+  bool Enabled = true;
+};
+
+/// A dialog while it is open: a script acts on it as a user would.
+class OpenDialog {
+ public:
+  OpenDialog(int resource, const toolkit::DialogOperations& operations, void* user);
+
+  int Resource() const { return resource_; }
+  /// The result that ended it, or 0 while it is open.
+  int Result() const { return result_; }
+  Control& At(int control) { return controls_[control]; }
+
+  void Initialize();
+  /// Replaces the text of a field, as typing does.
+  void Type(int control, const std::string& text);
+  /// Presses a button or a check box; a disabled one takes no notice.
+  void Press(int control);
+
+  toolkit::DialogRecord Record;
+
+ private:
+  void Command(int control);
+
+  int resource_;
+  toolkit::DialogOperations operations_;
+  void* user_;
+  int result_ = 0;
+  std::map<int, Control> controls_;
+};
+
+struct ScrollBar {
+  bool Exists = false;
+  std::int32_t Maximum = 0;
+  std::int32_t Position = 0;
+};
+
+struct Window {
+  WindowRecord Record;
+  FrameWindow* Frame = nullptr;  // null for the frame itself
+  std::string Title;
+  IntRect Place;
+  IntRect Client;
+  bool Shown = false;
+  WindowPlacement State = WindowPlacement::Normal;
+  std::array<ScrollBar, 2> Bars;  // by Axis
+  std::vector<IntRect> Invalidated;
+};
+
+struct MenuEntryState {
+  int Popup = 0;
+  int Entry = 0;
+  int SubEntry = 0;  // 0: the entry itself
+  bool operator<(const MenuEntryState& other) const;
+};
+
+/// The frame's menu bar: its resource, the view's popup in it, and what was enabled or greyed.
+struct MenuBar {
+  int Resource = 0;
+  int InsertedResource = 0;  // 0: none
+  int InsertedPlace = 0;
+  std::map<int, bool> Popups;
+  std::map<MenuEntryState, bool> Entries;
+  int Redrawn = 0;
+};
+
+struct Shell {
+  std::vector<Box> Boxes;
+  std::deque<toolkit::BoxAnswer> Answers;  // OK or Yes once empty
+  std::vector<FileDialog> FileDialogs;
+  std::deque<std::string> FileChoices;  // empty text, or none left: the user cancels
+  std::vector<std::string> ColorLabels;
+  std::deque<RgbColor> ColorChoices;                           // none left: the user cancels
+  std::deque<std::function<void(OpenDialog&)>> DialogScripts;  // none left: the user cancels
+  std::vector<int> Dialogs;                                    // resources of those shown
+
+  Fault Allocation;
+  Fault Open;
+  Fault Size;
+  Fault Seek;
+  Fault Read;
+  Fault CreateFrame;
+  Fault CreateChild;
+  int LiveAllocations = 0;
+  int OpenFiles = 0;
+
+  std::vector<std::string> Drawing;  // one line a call
+  std::vector<std::string> Windows;  // one line for each thing done to a window
+  bool Waiting = false;
+  int WaitCursorChanges = 0;
+  std::uint32_t Ticks = 0;
+
+  std::unique_ptr<Window> FrameHolder;
+  std::vector<std::unique_ptr<Window>> Children;  // top first
+  MenuBar Menu;
+  bool Quit = false;  // the frame was destroyed
+  std::function<void(FrameWindow*)> Loop;
+
+  ~Shell();
+};
+
+Shell& TheShell();
+void ResetShell();
+
+/// The scripted window behind a record.
+Window& WindowOf(WindowRecord* record);
+
+/// The titles of the children, top first.
+std::vector<std::string> StackOfChildren();
+
+/// Calls the child's Paint slot with a device, as a paint message would, and returns what it drew.
+std::vector<std::string> PaintChild(ChildWindow* child);
+
+/// Places and sizes a child as the user would with the mouse; the client area is `place` less frame
+/// and caption.
+void PlaceChild(ChildWindow* child, const IntRect& place);
+
+/// Widths of text are `kCharWidth` for each byte at the default font height.
+inline constexpr std::int32_t kScreenDpi = 96;
+std::int32_t CharWidth(std::int32_t fontHeight);
+toolkit::FontMetrics MetricsOf(std::int32_t fontHeight);
+
+}  // namespace ondrel::scripted

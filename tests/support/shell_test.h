@@ -1,0 +1,44 @@
+// A fixture with a workspace, a frame and a fresh scripted shell for each test.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "support/scripted_shell.h"
+#include "workspace/workspace.h"
+
+namespace ondrel {
+
+class ShellTest : public ::testing::Test {
+ protected:
+  ShellTest() {
+    scripted::ResetShell();
+    frame_.Owner = workspace_.get();
+    workspace_->Frame = &frame_;
+    ResetWorkspace(*workspace_);
+  }
+
+  ~ShellTest() override {
+    FreeAllTables(*workspace_);
+    EXPECT_EQ(scripted::TheShell().LiveAllocations, 0) << "memory that nobody freed";
+    EXPECT_EQ(scripted::TheShell().OpenFiles, 0) << "files that nobody closed";
+  }
+
+  FrameWindow* Frame() { return &frame_; }
+  Workspace& workspace() { return *workspace_; }
+  scripted::Shell& shell() { return scripted::TheShell(); }
+
+  /// The texts of the boxes shown so far.
+  std::vector<std::string> Messages() {
+    std::vector<std::string> texts;
+    for (const scripted::Box& box : shell().Boxes) texts.push_back(box.Text);
+    return texts;
+  }
+
+ private:
+  std::unique_ptr<Workspace> workspace_ = std::make_unique<Workspace>();
+  FrameWindow frame_;
+};
+
+}  // namespace ondrel
