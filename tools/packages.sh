@@ -9,8 +9,8 @@ give_up() {
 
 build_packages="cmake ninja-build g++ googletest
   g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64"
-wine_packages="wine wine64"
-screen_packages="xvfb openbox fonts-liberation"
+wine_packages="wine wine64 fonts-wine fonts-liberation"
+screen_packages="xvfb openbox"
 test_packages="clang libclang-rt-dev clang-format libbenchmark-dev git
   g++-mingw-w64-i686-posix binutils-mingw-w64-i686"
 

@@ -24,6 +24,10 @@ void SetStrokeColor(const Drawing& drawing, const RgbColor& color) {
   SetColor(drawing, " K", color);
 }
 
+void SetClip(const Drawing& drawing, const IntRect& rect) {
+  drawing.Sink.SetClip(drawing.Context, rect);
+}
+
 void DrawTextFrom(const Drawing& drawing, double x, double y, const char* text) {
   DrawAligned(drawing, x, y, TextAlignment::Left, text);
 }

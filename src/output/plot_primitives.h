@@ -2,8 +2,6 @@
 // of several slots is composed here, once.
 #pragma once
 
-#include <cstdint>
-
 #include "output/graphics_sink.h"
 
 namespace ondrel {
@@ -23,6 +21,9 @@ inline bool HasFailed(const Drawing& drawing) {
 void SetFillColor(const Drawing& drawing, const RgbColor& color);
 /// Colour of what is stroked: axes, outlines and curves.
 void SetStrokeColor(const Drawing& drawing, const RgbColor& color);
+
+/// Limits the drawing to `rect`.
+void SetClip(const Drawing& drawing, const IntRect& rect);
 
 /// Text on the baseline `y` that begins at `x`.
 void DrawTextFrom(const Drawing& drawing, double x, double y, const char* text);

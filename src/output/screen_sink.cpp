@@ -9,10 +9,10 @@ namespace ondrel {
 namespace {
 
 /// Devices of the platform's older lines take coordinates of 16 bits.
-constexpr double kFarthestCoordinate = 32000.0;
+constexpr std::int32_t kFarthestCoordinate = 32000;
 
 std::int32_t PathCoordinate(double value) {
-  return TruncateToInteger(std::clamp(value, -kFarthestCoordinate, kFarthestCoordinate));
+  return std::clamp(TruncateToInteger(value), -kFarthestCoordinate, kFarthestCoordinate);
 }
 
 IntRect TruncateRect(double left, double top, double right, double bottom) {

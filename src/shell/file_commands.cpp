@@ -5,6 +5,7 @@
 #include "views/all_views.h"
 #include "views/view_window.h"
 #include "workspace/event_table_reader.h"
+#include "workspace/import_reader.h"
 #include "workspace/workspace.h"
 
 namespace ondrel {

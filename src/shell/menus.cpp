@@ -16,13 +16,15 @@ constexpr MenuRow kRows[] = {
 #define ONDREL_POPUP(text) {MenuRow::Kind::Popup, text, 0},
 #define ONDREL_ENTRY(text, id) {MenuRow::Kind::Entry, text, id},
 #define ONDREL_SEPARATOR {MenuRow::Kind::Separator, nullptr, 0},
-#define ONDREL_END {MenuRow::Kind::End, nullptr, 0},
+#define ONDREL_POPUP_END {MenuRow::Kind::End, nullptr, 0},
+#define ONDREL_MENU_END {MenuRow::Kind::End, nullptr, 0},
 #include "resources/menus.inc"
 #undef ONDREL_MENU
 #undef ONDREL_POPUP
 #undef ONDREL_ENTRY
 #undef ONDREL_SEPARATOR
-#undef ONDREL_END
+#undef ONDREL_POPUP_END
+#undef ONDREL_MENU_END
 };
 
 // --- What is allowed when ------------------------------------------------------------------------

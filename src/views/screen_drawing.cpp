@@ -8,6 +8,12 @@
 #include "workspace/units.h"
 
 namespace ondrel {
+namespace {
+
+/// Far beyond any window, and small enough that a few lines add up. Settings take any size of font.
+constexpr std::int32_t kTallestLine = 1 << 24;
+
+}  // namespace
 
 void BeginScreenDrawing(Workspace& workspace, const DeviceRecord& device,
                         const RgbColor& background) {
@@ -16,10 +22,12 @@ void BeginScreenDrawing(Workspace& workspace, const DeviceRecord& device,
   context.Status = 0;
   toolkit::SetUpDevice(context.Device);
   toolkit::SetBackground(context.Device, background);
-  const double unitsPerPoint = toolkit::DeviceDpi(context.Device) / kPointsPerInch;
+  const double dpi = toolkit::DeviceDpi(context.Device);
+  // Multiplied first: a size that is a whole number of device units is to come out as one.
   toolkit::SetPenWidth(context.Device,
-                       TruncateToInteger(std::ceil(workspace.PenSize * unitsPerPoint)));
-  toolkit::SetFontHeight(context.Device, TruncateToInteger(workspace.FontSize * unitsPerPoint));
+                       TruncateToInteger(std::ceil(workspace.PenSize * dpi / kPointsPerInch)));
+  toolkit::SetFontHeight(context.Device,
+                         TruncateToInteger(workspace.FontSize * dpi / kPointsPerInch));
 }
 
 void EndScreenDrawing(Workspace& workspace) {
@@ -33,7 +41,9 @@ Drawing OnScreen(Workspace& workspace) {
 
 TextLine MeasureLine(const Workspace& workspace) {
   const toolkit::FontMetrics font = toolkit::MeasureFont(workspace.Graphics.Device);
-  return {.Ascent = font.Ascent, .Height = std::max(font.Ascent + font.Descent, 1)};
+  const std::int64_t height = std::int64_t{font.Ascent} + font.Descent;
+  return {.Ascent = std::min(font.Ascent, kTallestLine),
+          .Height = static_cast<std::int32_t>(std::clamp<std::int64_t>(height, 1, kTallestLine))};
 }
 
 }  // namespace ondrel

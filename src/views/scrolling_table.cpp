@@ -68,7 +68,7 @@ void ShiftForward(Workspace& workspace, const RecordTable& table, const ShiftFra
 }
 
 /// All new lines show the top row until the next full paint, also when there are several of them.
-/// Users know this from page-wise scrolling in small windows, and it stays.
+/// Users know this from Page Up and Home a few rows below the top, and it stays.
 void ShiftBackward(Workspace& workspace, const RecordTable& table, const ShiftFrame& frame,
                    std::int32_t rows) {
   const ViewState& view = ViewOf(workspace, table.Kind);
@@ -160,7 +160,7 @@ void PaintRecordTable(ChildWindow* window, const DeviceRecord& device, const Rec
   IntRect wholeRows = client;  // a row that fits in part is not drawn
   wholeRows.Bottom = RowArea(client, line, view.VisibleRows).Bottom;
   const Drawing drawing = OnScreen(workspace);
-  drawing.Sink.SetClip(context, wholeRows);
+  SetClip(drawing, wholeRows);
   DrawRecordTable(drawing, workspace, table,
                   {.HeaderBaseline = static_cast<double>(client.Top + line.Ascent),
                    .FirstRowBaseline = static_cast<double>(dataTop),

@@ -103,7 +103,7 @@ void PaintStatistics(ChildWindow* window, const DeviceRecord& device) {
   const TextLine line = MeasureLine(workspace);
   MeasureColumns(workspace, kColumns, client.Left, view.ColumnRight);
   const Drawing drawing = OnScreen(workspace);
-  drawing.Sink.SetClip(context, client);
+  SetClip(drawing, client);
   DrawStatistics(drawing, workspace, client.Top + line.Ascent,
                  client.Top + kHeaderLines * line.Height, line.Height);
   toolkit::RemoveClip(context.Device);

@@ -1,0 +1,108 @@
+#include "shell/color_commands.h"
+
+#include <gmock/gmock.h>
+
+#include "shell/menus.h"
+#include "support/program_test.h"
+#include "views/view_kinds.h"
+
+namespace ondrel {
+namespace {
+
+using ::testing::ElementsAre;
+
+class ColorCommandsTest : public ProgramTest {
+ protected:
+  void RunWithAllViews(const std::function<void()>& act) {
+    const ScratchFile file("colors.evt", kTwoOpenings);
+    Run([&] {
+      OpenFile(file.Path());
+      Choose(command::kSweepView);
+      Choose(command::kStatisticsView);
+      act();
+    });
+  }
+
+  std::size_t Repaints(ViewKind kind) {
+    return scripted::WindowOf(ViewOf(workspace(), kind).Window).Invalidated.size();
+  }
+};
+
+constexpr RgbColor kPurple{0x8000, 0, 0xFF00};
+
+TEST_F(ColorCommandsTest, EventColoursAskWithTheirLabels) {
+  RunWithAllViews([&] {
+    Choose(25857);
+    Choose(25858);
+    Choose(25859);
+    EXPECT_THAT(shell().ColorLabels,
+                ElementsAre("Event color:", "Header color:", "Background color:"));
+  });
+}
+
+TEST_F(ColorCommandsTest, AnAcceptedColourIsStoredAndRepaintsItsViewAlone) {
+  RunWithAllViews([&] {
+    const std::size_t events = Repaints(ViewKind::Event);
+    const std::size_t levels = Repaints(ViewKind::Level);
+    shell().ColorChoices.push_back(kPurple);
+    Choose(26114);
+    EXPECT_EQ(ColorOf(ViewOf(workspace(), ViewKind::Level), LevelColor::Other), kPurple);
+    EXPECT_EQ(Repaints(ViewKind::Level), levels + 1);
+    EXPECT_EQ(Repaints(ViewKind::Event), events);
+  });
+}
+
+TEST_F(ColorCommandsTest, ACancelledColourStays) {
+  RunWithAllViews([&] {
+    const std::size_t sweeps = Repaints(ViewKind::Sweep);
+    Choose(27393);
+    EXPECT_EQ(ColorOf(ViewOf(workspace(), ViewKind::Sweep), SweepColor::Selected), kBlack);
+    EXPECT_EQ(Repaints(ViewKind::Sweep), sweeps);
+  });
+}
+
+struct Expected {
+  CommandId Command;
+  const char* Label;
+};
+
+TEST_F(ColorCommandsTest, EachEntryNamesItsColour) {
+  const Expected rows[] = {
+      {26113, "Selected level color:"}, {26114, "Other level color:"},
+      {26115, "Header color:"},         {26116, "Background color:"},
+      {27137, "Color of header:"},      {27138, "Color of others:"},
+      {27139, "Color of background:"},  {27393, "Color of selected sweeps:"},
+      {27394, "Color of sweeps:"},      {27395, "Color of header:"},
+      {27396, "Color of background:"},
+  };
+  RunWithAllViews([&] {
+    for (const Expected& row : rows) {
+      Choose(row.Command);
+      EXPECT_EQ(shell().ColorLabels.back(), row.Label) << row.Command;
+    }
+  });
+}
+
+TEST_F(ColorCommandsTest, ViewsThatDoNotExistHaveNoColourCommands) {
+  EXPECT_FALSE(IsColorCommand(26369));
+  EXPECT_TRUE(IsColorCommand(25857));
+  EXPECT_FALSE(IsColorCommand(25860));
+}
+
+/// Every colour of the menus of views that exist leads somewhere, each to another colour.
+TEST_F(ColorCommandsTest, TheMenusHoldNoOtherColours) {
+  RunWithAllViews([&] {
+    for (const int resource : {206, 207, 211, 212}) {
+      bool inColors = false;
+      for (const MenuRow& row : RowsOfMenu(resource)) {
+        if (row.RowKind == MenuRow::Kind::Popup) inColors = std::string(row.Text) == "&Colors";
+        if (inColors && row.RowKind == MenuRow::Kind::Entry) {
+          EXPECT_TRUE(IsColorCommand(static_cast<CommandId>(row.Id))) << row.Text;
+        }
+      }
+    }
+  });
+}
+
+}  // namespace
+}  // namespace ondrel

@@ -1,0 +1,138 @@
+#include "shell/commands.h"
+
+#include <gmock/gmock.h>
+
+#include "shell/menus.h"
+#include "support/program_test.h"
+
+namespace ondrel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class CommandsTest : public ProgramTest {
+ protected:
+  CommandsTest() : file_("commands.evt", kTwoOpenings) {}
+
+  void RunWithData(const std::function<void()>& act) {
+    Run([&] {
+      OpenFile(file_.Path());
+      shell().Boxes.clear();
+      act();
+    });
+  }
+
+ private:
+  ScratchFile file_;
+};
+
+TEST_F(CommandsTest, TheAboutBoxGivesNameAndVersion) {
+  Run([&] {
+    shell().Boxes.clear();
+    Choose(command::kAbout);
+    Choose(command::kAboutKey);
+    EXPECT_THAT(Messages(), ElementsAre("Ondrel for Windows X4.3.3", "Ondrel for Windows X4.3.3"));
+    EXPECT_EQ(shell().Boxes[0].Icon, toolkit::BoxIcon::Information);
+  });
+}
+
+TEST_F(CommandsTest, ViewCommandsOpenTheirView) {
+  RunWithData([&] {
+    Choose(command::kSweepView);
+    Choose(command::kStatisticsView);
+    EXPECT_THAT(scripted::StackOfChildren(), ElementsAre("Statistics", "Sweep", "Level", "Event"));
+    Choose(command::kEventView);
+    EXPECT_THAT(scripted::StackOfChildren(), ElementsAre("Event", "Statistics", "Sweep", "Level"));
+  });
+}
+
+TEST_F(CommandsTest, ControlSDoesNothing) {
+  RunWithData([&] {
+    const auto before = shell().Windows;
+    Choose(51718);
+    EXPECT_EQ(shell().Windows, before);
+    EXPECT_THAT(Messages(), IsEmpty());
+  });
+}
+
+TEST_F(CommandsTest, EditKeysButCopyDoNothing) {
+  RunWithData([&] {
+    for (const int id : {51969, 51971, 51973}) {
+      EXPECT_FALSE(HasHandler(static_cast<CommandId>(id)));
+      Choose(static_cast<CommandId>(id));
+    }
+    EXPECT_THAT(Messages(), IsEmpty());
+    EXPECT_EQ(shell().Children.size(), 2u);
+  });
+}
+
+TEST_F(CommandsTest, MenusWithoutCommandsDoNothing) {
+  RunWithData([&] {
+    const auto before = shell().Windows;
+    for (int low = 0; low < 256; ++low) {
+      DispatchCommand(Frame(), 206, low);
+      DispatchCommand(Frame(), 212, low);
+    }
+    EXPECT_EQ(shell().Windows, before);
+    EXPECT_THAT(Messages(), IsEmpty());
+  });
+}
+
+TEST_F(CommandsTest, NumbersOutsideTheMenusDoNothing) {
+  RunWithData([&] {
+    const auto before = shell().Windows;
+    for (const int high : {0, 1, 100, 217, 255}) {
+      for (int low = 0; low < 256; ++low) DispatchCommand(Frame(), high, low);
+    }
+    EXPECT_EQ(shell().Windows, before);
+    EXPECT_THAT(Messages(), IsEmpty());
+  });
+}
+
+TEST_F(CommandsTest, ResetPutsSelectionsBackAndRefreshes) {
+  RunWithData([&] {
+    workspace().Levels.LevelSelection.LevelChoice = Selection::Include;
+    workspace().Levels.LevelSelection.Position = PositionChoice::First;
+    ViewState& levels = ViewOf(workspace(), ViewKind::Level);
+    scripted::WindowOf(levels.Window).Invalidated.clear();
+    Choose(command::kResetFilters);
+    EXPECT_EQ(workspace().Levels.LevelSelection.LevelChoice, Selection::SelectAll);
+    EXPECT_EQ(workspace().Levels.LevelSelection.Position, PositionChoice::AllButFirstAndLast);
+    EXPECT_FALSE(scripted::WindowOf(levels.Window).Invalidated.empty());
+    EXPECT_TRUE(
+        scripted::WindowOf(ViewOf(workspace(), ViewKind::Event).Window).Invalidated.size() <= 1)
+        << "events do not depend on selections";
+    EXPECT_FALSE(levels.NeedsRebuild);
+  });
+}
+
+TEST_F(CommandsTest, ACommandThatTheMenuGreysDoesNotRun) {
+  Run([&] {
+    Choose(command::kEventView);
+    Choose(command::kClose);
+    Choose(command::kAdd);
+    EXPECT_THAT(shell().Children, IsEmpty());
+    EXPECT_THAT(shell().FileDialogs, IsEmpty());
+  });
+  RunWithData([&] {
+    const auto asked = shell().FileDialogs.size();
+    Choose(command::kOpen);
+    EXPECT_EQ(shell().FileDialogs.size(), asked);
+  });
+}
+
+TEST_F(CommandsTest, EveryCommandOfTheProgramStandsInAMenuOrBehindAKey) {
+  for (int id = 0; id <= 0xFFFF; ++id) {
+    const auto command = static_cast<CommandId>(id);
+    if (!HasHandler(command) || command == command::kAboutKey) continue;
+    bool inMenu = false;
+    for (const int resource : {200, 206, 207, 208, 209, 210, 211, 212, 213, 214, 215}) {
+      for (const MenuRow& row : RowsOfMenu(resource)) inMenu |= row.Id == id;
+    }
+    EXPECT_TRUE(inMenu) << id;
+  }
+}
+
+}  // namespace
+}  // namespace ondrel

@@ -1,0 +1,169 @@
+#include "shell/menus.h"
+
+#include <gmock/gmock.h>
+
+#include <map>
+
+#include "support/program_test.h"
+#include "views/view_kinds.h"
+
+namespace ondrel {
+namespace {
+
+using ::testing::ElementsAre;
+
+/// The entries of the File menu by place.
+constexpr int kFilePopup = 1;
+enum FileEntry {
+  kOpen = 1,
+  kClose = 2,
+  kAdd = 3,
+  kImport = 5,
+  kSaveEvents = 7,
+  kSaveLevels = 8,
+  kLoadPreferences = 10,
+  kSavePreferences = 11,
+  kFileSettings = 12,
+  kExportGraph = 14,
+  kExportText = 15,
+  kPrint = 16,
+  kExit = 18,
+};
+
+class MenusTest : public ProgramTest {
+ protected:
+  MenusTest() : file_("menus.evt", kTwoOpenings) {}
+
+  bool IsEnabled(int popup, int entry) { return shell().Menu.Entries.at({popup, entry, 0}); }
+  bool IsSubEnabled(int popup, int entry, int subEntry) {
+    return shell().Menu.Entries.at({popup, entry, subEntry});
+  }
+
+  ScratchFile file_;
+};
+
+TEST_F(MenusTest, PlacesInTheMenusAreTheLowBytesOfTheIds) {
+  for (const int resource : {200, 206, 207, 208, 209, 210, 211, 212, 213, 214, 215}) {
+    int places[3] = {0, 0, 0};
+    int depth = 0;
+    for (const MenuRow& row : RowsOfMenu(resource)) {
+      if (row.RowKind == MenuRow::Kind::End) {
+        --depth;
+        continue;
+      }
+      ++places[depth];
+      if (row.RowKind == MenuRow::Kind::Popup) places[++depth] = 0;
+      if (row.RowKind == MenuRow::Kind::Entry) {
+        EXPECT_EQ(row.Id & 0xFF, places[depth]) << row.Text;
+      }
+    }
+    EXPECT_EQ(depth, 0) << resource;
+  }
+}
+
+TEST_F(MenusTest, TheBarHoldsFourPopupsInTheirOrder) {
+  std::vector<std::string> titles;
+  for (const MenuRow& row : RowsOfMenu(kMainMenu)) {
+    if (row.RowKind == MenuRow::Kind::Popup) titles.emplace_back(row.Text);
+  }
+  EXPECT_THAT(titles, ElementsAre("&File", "&Settings", "&View", "&Help"));
+  EXPECT_TRUE(RowsOfMenu(205).empty());
+}
+
+TEST_F(MenusTest, WithNoDataOnlyOpenSettingsAndExitAreThere) {
+  Run([&] {
+    EXPECT_EQ(CurrentMenuState(workspace()), MenuState::NoData);
+    EXPECT_FALSE(shell().Menu.Popups.at(2));
+    EXPECT_FALSE(shell().Menu.Popups.at(3));
+    for (const int entry : {kOpen, kFileSettings, kExit}) {
+      EXPECT_TRUE(IsEnabled(kFilePopup, entry)) << entry;
+    }
+    for (const int entry :
+         {kClose, kAdd, kImport, kSaveEvents, kSaveLevels, kExportGraph, kExportText, kPrint}) {
+      EXPECT_FALSE(IsEnabled(kFilePopup, entry)) << entry;
+    }
+  });
+}
+
+TEST_F(MenusTest, WithAnActiveViewItsPopupStandsAtPlaceFour) {
+  Run([&] {
+    OpenFile(file_.Path());
+    EXPECT_EQ(CurrentMenuState(workspace()), MenuState::ActiveView);
+    EXPECT_EQ(shell().Menu.Resource, 200);
+    EXPECT_EQ(shell().Menu.InsertedResource, 207) << "the level view opened last";
+    EXPECT_EQ(shell().Menu.InsertedPlace, 4);
+    EXPECT_TRUE(shell().Menu.Popups.at(2));
+    EXPECT_TRUE(shell().Menu.Popups.at(3));
+    EXPECT_FALSE(IsEnabled(kFilePopup, kOpen));
+    EXPECT_FALSE(IsEnabled(kFilePopup, kFileSettings));
+    EXPECT_FALSE(IsEnabled(kFilePopup, kLoadPreferences));
+    for (const int entry : {kClose, kAdd, kImport, kExit}) {
+      EXPECT_TRUE(IsEnabled(kFilePopup, entry)) << entry;
+    }
+  });
+}
+
+TEST_F(MenusTest, ViewMenusSwapWithTheActiveView) {
+  Run([&] {
+    OpenFile(file_.Path());
+    const std::map<CommandId, int> resources = {{command::kEventView, 206},
+                                                {command::kLevelView, 207},
+                                                {command::kStatisticsView, 211},
+                                                {command::kSweepView, 212}};
+    for (const auto& [command, resource] : resources) {
+      Choose(command);
+      EXPECT_EQ(shell().Menu.InsertedResource, resource);
+    }
+  });
+}
+
+TEST_F(MenusTest, TheViewThatClosesLastLeavesTheDataMenu) {
+  Run([&] {
+    OpenFile(file_.Path());
+    for (const ViewKind kind : {ViewKind::Level, ViewKind::Event}) {
+      ChildWindow* window = ViewOf(workspace(), kind).Window;
+      window->Callbacks->Close(window);
+    }
+    EXPECT_EQ(CurrentMenuState(workspace()), MenuState::Data);
+    EXPECT_EQ(shell().Menu.InsertedResource, 0);
+    EXPECT_TRUE(shell().Menu.Popups.at(2));
+    EXPECT_TRUE(shell().Menu.Popups.at(3));
+    EXPECT_FALSE(IsEnabled(kFilePopup, kOpen));
+    EXPECT_TRUE(IsEnabled(kFilePopup, kClose));
+    EXPECT_FALSE(IsEnabled(kFilePopup, kExportGraph));
+  });
+}
+
+TEST_F(MenusTest, EntriesWithoutACommandAreGreyed) {
+  Run([&] {
+    OpenFile(file_.Path());
+    Choose(command::kLevelView);
+    EXPECT_FALSE(IsEnabled(kViewMenuPlace, 1)) << "TagValue";
+    EXPECT_TRUE(IsSubEnabled(kViewMenuPlace, 2, 1)) << "Colors, Selected";
+    EXPECT_TRUE(IsEnabled(2, 3)) << "Reset";
+    EXPECT_FALSE(IsEnabled(2, 1)) << "Events";
+    EXPECT_TRUE(IsEnabled(3, 6)) << "the event view";
+    EXPECT_FALSE(IsEnabled(3, 1)) << "the amplitude histogram";
+  });
+}
+
+// The whole table of states by command, for the commands that exist and those to come alike.
+TEST_F(MenusTest, WhatNoStateRuleNamesIsAlwaysAllowed) {
+  for (const MenuState state : {MenuState::NoData, MenuState::Data, MenuState::ActiveView}) {
+    EXPECT_TRUE(IsAllowed(command::kExit, state));
+    EXPECT_TRUE(IsAllowed(command::kAbout, state));
+  }
+}
+
+TEST_F(MenusTest, ACommandThatDoesNotExistIsNeverAllowed) {
+  for (const MenuState state : {MenuState::NoData, MenuState::Data, MenuState::ActiveView}) {
+    EXPECT_FALSE(IsAllowed(51718, state));
+  }
+}
+
+TEST_F(MenusTest, TheBarIsDrawnAgainAfterEachChange) {
+  Run([&] { EXPECT_GE(shell().Menu.Redrawn, 1); });
+}
+
+}  // namespace
+}  // namespace ondrel
