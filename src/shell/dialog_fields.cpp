@@ -148,8 +148,9 @@ int Command(toolkit::DialogRecord& dialog, int control, void* user) {
 
 int RunFieldDialog(FrameWindow* frame, const DialogTable& table, void* values) {
   DialogRun run{table, static_cast<std::byte*>(values)};
-  return toolkit::RunDialog(frame, table.Resource, {.Initialize = Initialize, .Command = Command},
-                            &run);
+  const toolkit::DialogOperations operations = {
+      .Initialize = Initialize, .Command = Command, .CancelControl = table.CancelButton};
+  return toolkit::RunDialog(frame, table.Resource, operations, &run);
 }
 
 }  // namespace ondrel

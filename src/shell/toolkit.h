@@ -77,7 +77,9 @@ struct DialogRecord {
 
 /// A modal dialog is a resource and two functions. `Initialize` fills the controls; a nonzero
 /// result ends the dialog with it. `Command` gets the id of a control that the user changed or
-/// pressed; a nonzero result ends the dialog with that id. `user` is handed through.
+/// pressed; a nonzero result ends the dialog with that id. It hears of an edit field more often:
+/// when the field is filled, also by `Initialize`, and when the focus comes or goes, also while the
+/// dialog closes. `user` is handed through.
 /// `CancelControl` is the button that Escape and the close box stand for, pressable or not.
 struct DialogOperations {
   int (*Initialize)(DialogRecord& dialog, void* user);

@@ -64,6 +64,14 @@ TEST_F(DialogFieldsTest, CancelIsAlwaysThere) {
   EXPECT_EQ(button, 3);
 }
 
+TEST_F(DialogFieldsTest, EscapeCancels) {
+  const int button = RunWith([](scripted::OpenDialog& dialog) {
+    dialog.Type(6, "5");
+    dialog.Escape();
+  });
+  EXPECT_EQ(button, 3);
+}
+
 TEST_F(DialogFieldsTest, BothEndsOfARangeAreInside) {
   RunWith([](scripted::OpenDialog& dialog) {
     for (const char* text : {"-5", "5", "+0"}) {

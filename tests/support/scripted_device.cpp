@@ -1,5 +1,7 @@
 // The device of the scripted shell: every call becomes a line of text.
-#include <cstdio>
+#include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <string>
 
 #include "support/scripted_shell.h"
@@ -23,6 +25,18 @@ void Draw(const std::string& line) {
   TheShell().Drawing.push_back(line);
 }
 
+/// A new object takes the place of the one that the record owned.
+void Own(void*& object) {
+  static char token;
+  if (object == nullptr) ++TheShell().DeviceObjects;
+  object = &token;
+}
+
+void Drop(void*& object) {
+  if (object != nullptr) --TheShell().DeviceObjects;
+  object = nullptr;
+}
+
 std::string Text(const IntRect& rect) {
   return std::to_string(rect.Left) + " " + std::to_string(rect.Top) + " " +
          std::to_string(rect.Right) + " " + std::to_string(rect.Bottom);
@@ -40,7 +54,7 @@ std::string Text(std::int32_t x, std::int32_t y) {
 }  // namespace
 
 std::int32_t CharWidth(std::int32_t fontHeight) {
-  return (fontHeight + 1) / 2;
+  return fontHeight / 2 + fontHeight % 2;
 }
 
 toolkit::FontMetrics MetricsOf(std::int32_t fontHeight) {
@@ -54,28 +68,36 @@ namespace ondrel::toolkit {
 using namespace scripted;
 
 DeviceRecord AcquireDevice(ChildWindow*) {
+  ++TheShell().OpenDevices;
   return {.Dc = new Device};
 }
 
 void ReleaseDevice(ChildWindow*, DeviceRecord& device) {
+  --TheShell().OpenDevices;
   delete static_cast<Device*>(device.Dc);
   device.Dc = nullptr;
 }
 
 void SetUpDevice(DeviceRecord& device) {
+  Own(device.Font);
   DeviceOf(device).FontHeight = 10;
 }
-void CleanUpDevice(DeviceRecord&) {
+void CleanUpDevice(DeviceRecord& device) {
+  Drop(device.Pen);
+  Drop(device.Brush);
+  Drop(device.Font);
   Draw("clean up");
 }
 double DeviceDpi(const DeviceRecord&) {
-  return kScreenDpi;
+  return TheShell().DeviceDpi;
 }
-void SetPenWidth(DeviceRecord&, std::int32_t width) {
+void SetPenWidth(DeviceRecord& device, std::int32_t width) {
+  Own(device.Pen);
   Draw("pen width " + std::to_string(width));
 }
 
 void SetFontHeight(DeviceRecord& device, std::int32_t height) {
+  Own(device.Font);
   DeviceOf(device).FontHeight = height;
 }
 
@@ -84,8 +106,10 @@ FontMetrics MeasureFont(const DeviceRecord& device) {
 }
 
 std::int32_t TextWidth(const DeviceRecord& device, const char* text) {
-  return CharWidth(DeviceOf(device).FontHeight) *
-         static_cast<std::int32_t>(std::string(text).size());
+  const std::int64_t width = std::int64_t{CharWidth(DeviceOf(device).FontHeight)} *
+                             static_cast<std::int64_t>(std::string(text).size());
+  return static_cast<std::int32_t>(
+      std::min<std::int64_t>(width, std::numeric_limits<std::int32_t>::max()));
 }
 
 void SetBackground(DeviceRecord&, const RgbColor& color) {
@@ -96,7 +120,9 @@ void FillArea(DeviceRecord&, const IntRect& rect, const RgbColor& color) {
   Draw("fill " + Text(rect) + " with " + Text(color));
 }
 
-void SetDrawingColor(DeviceRecord&, const RgbColor& color) {
+void SetDrawingColor(DeviceRecord& device, const RgbColor& color) {
+  Own(device.Pen);
+  Own(device.Brush);
   Draw("color " + Text(color));
 }
 

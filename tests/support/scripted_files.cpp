@@ -123,6 +123,8 @@ void OpenDialog::Type(int control, const std::string& text) {
   Command(control);
 }
 
+void OpenDialog::Escape() { Command(operations_.CancelControl); }
+
 void OpenDialog::Press(int control) {
   if (At(control).Enabled) Command(control);
 }
@@ -138,7 +140,6 @@ scripted::OpenDialog& DialogOf(DialogRecord& dialog) {
 }  // namespace
 
 int RunDialog(FrameWindow*, int resource, const DialogOperations& operations, void* user) {
-  constexpr int kCancelButton = 3;
   TheShell().Dialogs.push_back(resource);
   scripted::OpenDialog dialog(resource, operations, user);
   dialog.Initialize();
@@ -148,7 +149,7 @@ int RunDialog(FrameWindow*, int resource, const DialogOperations& operations, vo
     TheShell().DialogScripts.pop_front();
     script(dialog);
   }
-  if (dialog.Result() == 0) dialog.Press(kCancelButton);
+  if (dialog.Result() == 0) dialog.Escape();
   return dialog.Result();
 }
 

@@ -60,6 +60,8 @@ class OpenDialog {
   void Type(int control, const std::string& text);
   /// Presses a button or a check box; a disabled one takes no notice.
   void Press(int control);
+  /// The key, or the close box.
+  void Escape();
 
   toolkit::DialogRecord Record;
 
@@ -108,6 +110,8 @@ struct MenuBar {
   int Redrawn = 0;
 };
 
+inline constexpr std::int32_t kScreenDpi = 96;
+
 struct Shell {
   std::vector<Box> Boxes;
   std::deque<toolkit::BoxAnswer> Answers;  // OK or Yes once empty
@@ -127,11 +131,14 @@ struct Shell {
   Fault CreateChild;
   int LiveAllocations = 0;
   int OpenFiles = 0;
+  int OpenDevices = 0;    // acquired and not released
+  int DeviceObjects = 0;  // pens, brushes and fonts that device records own
 
   std::vector<std::string> Drawing;  // one line a call
   std::vector<std::string> Windows;  // one line for each thing done to a window
   bool Waiting = false;
   int WaitCursorChanges = 0;
+  double DeviceDpi = kScreenDpi;
   std::uint32_t Ticks = 0;
 
   std::unique_ptr<Window> FrameHolder;
@@ -159,8 +166,11 @@ std::vector<std::string> PaintChild(ChildWindow* child);
 /// and caption.
 void PlaceChild(ChildWindow* child, const IntRect& place);
 
-/// Widths of text are `kCharWidth` for each byte at the default font height.
-inline constexpr std::int32_t kScreenDpi = 96;
+/// As a paint message of the platform: paints the child and makes it valid, or does nothing while
+/// no part of it is invalid. False when nothing was painted.
+bool PaintInvalidChild(ChildWindow* child);
+
+/// Every byte of a text is equally wide.
 std::int32_t CharWidth(std::int32_t fontHeight);
 toolkit::FontMetrics MetricsOf(std::int32_t fontHeight);
 

@@ -60,6 +60,17 @@ std::vector<std::string> PaintChild(ChildWindow* child) {
   return TheShell().Drawing;
 }
 
+bool PaintInvalidChild(ChildWindow* child) {
+  std::vector<IntRect>& invalid = WindowOf(child).Invalidated;
+  const bool any = std::any_of(invalid.begin(), invalid.end(), [](const IntRect& rect) {
+    return rect.Left < rect.Right && rect.Top < rect.Bottom;
+  });
+  if (!any) return false;
+  invalid.clear();  // first: what the view invalidates while it paints is to be painted again
+  PaintChild(child);
+  return true;
+}
+
 }  // namespace ondrel::scripted
 
 namespace ondrel::toolkit {
@@ -112,9 +123,9 @@ ChildWindow* CreateChild(FrameWindow* frame, const char* title, const IntRect& p
   window.Title = title;
   window.Bars[static_cast<std::size_t>(Axis::Horizontal)].Exists = horizontalBar;
   window.Bars[static_cast<std::size_t>(Axis::Vertical)].Exists = verticalBar;
+  SetPlace(window, IsDegenerate(place) ? IntRect{0, 0, 400, 300} : place);
   callbacks->Created(&window.Record);
   window.Shown = true;
-  SetPlace(window, IsDegenerate(place) ? IntRect{0, 0, 400, 300} : place);
   TellPlace(window);
   BringForward(&window.Record);
   return &window.Record;

@@ -14,8 +14,11 @@ class ShellTest : public ::testing::Test {
  protected:
   ShellTest() {
     scripted::ResetShell();
-    frame_.Owner = workspace_.get();
-    workspace_->Frame = &frame_;
+    frame_.Record.Handle = &frame_;
+    frame_.Record.Owner = workspace_.get();
+    frame_.Place = {22, 22, 822, 622};
+    frame_.Client = {0, 0, 792, 554};
+    workspace_->Frame = &frame_.Record;
     ResetWorkspace(*workspace_);
   }
 
@@ -23,9 +26,11 @@ class ShellTest : public ::testing::Test {
     FreeAllTables(*workspace_);
     EXPECT_EQ(scripted::TheShell().LiveAllocations, 0) << "memory that nobody freed";
     EXPECT_EQ(scripted::TheShell().OpenFiles, 0) << "files that nobody closed";
+    EXPECT_EQ(scripted::TheShell().OpenDevices, 0) << "devices that nobody gave back";
+    EXPECT_EQ(scripted::TheShell().DeviceObjects, 0) << "pens and fonts that nobody deleted";
   }
 
-  FrameWindow* Frame() { return &frame_; }
+  FrameWindow* Frame() { return &frame_.Record; }
   Workspace& workspace() { return *workspace_; }
   scripted::Shell& shell() { return scripted::TheShell(); }
 
@@ -38,7 +43,7 @@ class ShellTest : public ::testing::Test {
 
  private:
   std::unique_ptr<Workspace> workspace_ = std::make_unique<Workspace>();
-  FrameWindow frame_;
+  scripted::Window frame_;
 };
 
 }  // namespace ondrel
