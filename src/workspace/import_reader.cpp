@@ -84,7 +84,7 @@ bool ParseImport(FrameWindow* frame, char* buffer, const char* name, std::size_t
     toolkit::FreeMemory(buffer);
     return false;
   }
-  const Workspace& workspace = *frame->Owner;
+  Workspace& workspace = *frame->Owner;
   const bool anyBefore = workspace.Events.Count > 0;
   ClearAllEvents(frame);
   ReadImportRows(frame, {buffer, buffer + size});

@@ -30,7 +30,7 @@ void ReportNotConsistent(FrameWindow* frame, const char* what) {
 }
 
 void RefreshEventAndSweepRanges(FrameWindow* frame) {
-  const Workspace& workspace = *frame->Owner;
+  Workspace& workspace = *frame->Owner;
   RefreshScrollRange(ViewOf(workspace, ViewKind::Event), workspace.Events.Count);
   RefreshScrollRange(ViewOf(workspace, ViewKind::Sweep), workspace.Sweeps.Count);
 }

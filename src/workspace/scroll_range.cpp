@@ -6,9 +6,10 @@
 
 namespace ondrel {
 
-void RefreshScrollRange(const ViewState& view, std::int32_t count) {
-  if (view.Window == nullptr) return;
-  toolkit::SetScrollRange(view.Window, Axis::Vertical, std::max(count - 1, 0));
+void RefreshScrollRange(ViewState& view, std::int32_t count) {
+  const std::int32_t last = std::max(count - 1, 0);
+  view.TopRow = std::clamp(view.TopRow, 0, last);
+  if (view.Window != nullptr) toolkit::SetScrollRange(view.Window, Axis::Vertical, last);
 }
 
 }  // namespace ondrel

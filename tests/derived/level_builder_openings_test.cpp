@@ -191,6 +191,16 @@ TEST_F(OpeningsTest, AHigherLevelIsTakenWithASmallerAmplitude) {
   EXPECT_EQ(Level(1).PostAmplitude, 3);
 }
 
+TEST_F(OpeningsTest, ALowerLevelIsNotTakenForItsLargerAmplitude) {
+  AddEvent(1, 2, 0, 1, 1);
+  AddEvent(1, 4, 1, 3, 3);
+  AddEvent(1, 5, 3, 1, 1);
+  AddEvent(1, 6, 1, 5, 2);
+  AddEvent(1, 9, 5, 0, 0);
+  EXPECT_THAT(Build(), ElementsAre(Dwell{1, 0, 0, 2}, Dwell{1, 3, 2, 7}, Dwell{1, 0, 9, 11}));
+  EXPECT_EQ(Level(1).PostAmplitude, 3);
+}
+
 TEST_F(OpeningsTest, ALargerAmplitudeCountsOnlyOnAStepAwayFromTheBase) {
   AddEvent(1, 2, 0, 1, 1);
   AddEvent(1, 4, 1, 2, 2);

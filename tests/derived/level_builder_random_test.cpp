@@ -11,6 +11,7 @@
 #include "derived/level_builder.h"
 #include "derived/recording_fixture.h"
 #include "derived/selection_filters.h"
+#include "derived/statistics.h"
 #include "support/random_seed.h"
 
 namespace ondrel {
@@ -250,6 +251,8 @@ TEST_F(RandomLevelsTest, DamagedTablesGiveWholeLevelsWithinTheCapacity) {
     WriteLevelTags(workspace());
     PropagateSweepFlags(workspace());
     ApplyLevelFilters(workspace());
+    CalculateStatistics(workspace());
+    ASSERT_EQ(workspace().Statistics.RowCount == 0, workspace().Statistics.Rows == nullptr);
     made += workspace().Levels.Count;
   }
   EXPECT_GT(made, 1000) << "the tables are to give levels";

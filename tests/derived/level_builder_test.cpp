@@ -71,6 +71,15 @@ TEST_F(LevelBuilderTest, EventsOutsideTheRangeArePassedOver) {
                                    Dwell{2, 0, 4, 1}, Dwell{2, 1, 5, 1}, Dwell{2, 0, 6, 2}));
 }
 
+TEST_F(LevelBuilderTest, BehindAnEventPastTheRangeTheRestOfItsSweepIsPassedOver) {
+  AddSweep(20, 0, 10);
+  AddSweep(20);
+  AddSteps(1, 0, {{2, 1}, {15, 0}, {5, 1}, {6, 0}});  // out of time order
+  AddSteps(2, 0, {{4, 1}});
+  EXPECT_THAT(Build(), ElementsAre(Dwell{1, 0, 0, 2}, Dwell{1, 1, 2, 8}, Dwell{2, 0, 0, 4},
+                                   Dwell{2, 1, 4, 16}));
+}
+
 TEST_F(LevelBuilderTest, AnEventAtTheEndOfTheRelevantSegmentOpensNoSweep) {
   AddSweep(10, 4, 6);
   AddSteps(1, 0, {{6, 1}});

@@ -208,13 +208,22 @@ TEST_F(StatisticsTest, LevelNumbersThatLieTooFarApartAreAFailureOfMemory) {
   AddLevel(1, 2000000000);
   CalculateStatistics(workspace());
   EXPECT_THAT(Messages(), ElementsAre(kNoMemory));
+  EXPECT_TRUE(Statistics().StatisticsEmpty);
+  EXPECT_EQ(Statistics().RowCount, 0);
+}
+
+TEST_F(StatisticsTest, MoreRowsThanACountCanHoldAreAFailureOfMemoryAndNotAskedFor) {
+  AddLevel(1, 0);
+  AddLevel(1, 0);
+  const int allocations = shell().Allocation.Calls;
   workspace().Levels.Index[0]->Level = std::numeric_limits<std::int32_t>::min();
   workspace().Levels.Index[1]->Level = std::numeric_limits<std::int32_t>::max();
   CalculateStatistics(workspace());
-  EXPECT_THAT(Messages(), ElementsAre(kNoMemory, kNoMemory));
+  EXPECT_THAT(Messages(), ElementsAre(kNoMemory));
   workspace().Levels.Index[1]->Level = -1;  // one row more than a count can hold
   CalculateStatistics(workspace());
-  EXPECT_THAT(Messages(), ElementsAre(kNoMemory, kNoMemory, kNoMemory));
+  EXPECT_THAT(Messages(), ElementsAre(kNoMemory, kNoMemory));
+  EXPECT_EQ(shell().Allocation.Calls, allocations);
   EXPECT_TRUE(Statistics().StatisticsEmpty);
   EXPECT_EQ(Statistics().RowCount, 0);
 }

@@ -37,6 +37,12 @@ void Drop(void*& object) {
   object = nullptr;
 }
 
+/// Fonts may be as large as settings take them.
+std::int32_t Saturated(std::int64_t value) {
+  return static_cast<std::int32_t>(
+      std::min<std::int64_t>(value, std::numeric_limits<std::int32_t>::max()));
+}
+
 std::string Text(const IntRect& rect) {
   return std::to_string(rect.Left) + " " + std::to_string(rect.Top) + " " +
          std::to_string(rect.Right) + " " + std::to_string(rect.Bottom);
@@ -106,10 +112,8 @@ FontMetrics MeasureFont(const DeviceRecord& device) {
 }
 
 std::int32_t TextWidth(const DeviceRecord& device, const char* text) {
-  const std::int64_t width = std::int64_t{CharWidth(DeviceOf(device).FontHeight)} *
-                             static_cast<std::int64_t>(std::string(text).size());
-  return static_cast<std::int32_t>(
-      std::min<std::int64_t>(width, std::numeric_limits<std::int32_t>::max()));
+  return Saturated(std::int64_t{CharWidth(DeviceOf(device).FontHeight)} *
+                   static_cast<std::int64_t>(std::string(text).size()));
 }
 
 void SetBackground(DeviceRecord&, const RgbColor& color) {
@@ -147,7 +151,7 @@ void HollowRect(DeviceRecord&, const IntRect& rect) {
 void DrawTextHere(DeviceRecord& device, const char* text) {
   Device& state = DeviceOf(device);
   Draw("text " + Text(state.X, state.Y) + " " + text);
-  state.X += TextWidth(device, text);
+  state.X = Saturated(std::int64_t{state.X} + TextWidth(device, text));
 }
 
 void ClipTo(DeviceRecord&, const IntRect& rect) {

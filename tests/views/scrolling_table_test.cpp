@@ -186,7 +186,7 @@ TEST_F(ScrollingTableTest, AFailureOfAnEarlierDrawingDoesNotStopAPaint) {
 TEST_F(ScrollingTableTest, PaintingInTheLargestFontThatSettingsTakeShowsNoRows) {
   Show(3, 10);
   workspace().FontSize = 2147483647;
-  EXPECT_THAT(RowsIn(PaintAll()), IsEmpty());
+  EXPECT_EQ(TextsIn(PaintAll()).size(), std::size_t{9});  // the header
   EXPECT_LE(state().VisibleRows, 0);
 }
 

@@ -64,7 +64,7 @@ TEST_F(ViewWindowTest, AViewOpenedTwiceBringsItsWindowForwardAndTakesNoFurtherPl
 
 TEST_F(ViewWindowTest, NewViewsCascadeByTheSmallestHeightOfAWindow) {
   ASSERT_EQ(workspace().CascadeOffset, kStep);
-  ASSERT_EQ(WindowOf(Frame()).Client, (IntRect{0, 0, 792, 554}));
+  ASSERT_EQ(scripted::WindowOf(Frame()).Client, (IntRect{0, 0, 792, 554}));
   Open(ViewKind::Event);
   EXPECT_EQ(WindowOf(ViewKind::Event).Place, (IntRect{27, 27, 792, 527}));
   Open(ViewKind::Level);

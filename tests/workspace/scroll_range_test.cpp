@@ -31,10 +31,31 @@ TEST_F(ScrollRangeTest, AnEmptyTableHasTheRangeOfOneRow) {
   EXPECT_EQ(Maximum(Axis::Vertical), 0);
 }
 
-TEST_F(ScrollRangeTest, AClosedViewIsLeftAlone) {
+TEST_F(ScrollRangeTest, AClosedViewsBarIsLeftAlone) {
   view_.Window = nullptr;
   RefreshScrollRange(view_, 12);
   EXPECT_EQ(Maximum(Axis::Vertical), 77);
+}
+
+TEST_F(ScrollRangeTest, ATopRowThatATableHasLostBecomesItsLast) {
+  view_.TopRow = 3000;
+  RefreshScrollRange(view_, 12);
+  EXPECT_EQ(view_.TopRow, 11);
+  view_.Window = nullptr;
+  RefreshScrollRange(view_, 5);
+  EXPECT_EQ(view_.TopRow, 4);
+}
+
+TEST_F(ScrollRangeTest, ATopRowThatIsStillThereStays) {
+  view_.TopRow = 7;
+  RefreshScrollRange(view_, 12);
+  EXPECT_EQ(view_.TopRow, 7);
+}
+
+TEST_F(ScrollRangeTest, TheViewOfAnEmptyTableStandsAtItsBeginning) {
+  view_.TopRow = -1;  // after End in an empty table
+  RefreshScrollRange(view_, 0);
+  EXPECT_EQ(view_.TopRow, 0);
 }
 
 }  // namespace

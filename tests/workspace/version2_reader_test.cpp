@@ -232,7 +232,7 @@ TEST_F(Version2, ABadTokenInEachColumnOfAnEventIsCorruptedAndNothingStays) {
 
 TEST_F(Version2, TheDroppedTokensOfVersion1AreChecked) {
   const std::string row = "1 1 1 1 1 1 1 1 ";
-  for (const std::size_t column : {3, 5}) {
+  for (const std::size_t column : {std::size_t{3}, std::size_t{5}}) {
     shell().Boxes.clear();
     std::string bad = row;
     bad[2 * column] = 'x';

@@ -1,0 +1,145 @@
+// Works dialogs through the messages of their controls.
+#include "dialog.h"
+
+#include <array>
+
+#include "picture.h"
+#include "wait.h"
+
+namespace ondrel::e2e {
+namespace {
+
+constexpr int kBoxText = 65535;
+constexpr int kBoxIcon = 1088;
+constexpr int kLastBoxButton = 11;
+
+struct StockIcon {
+  BoxIcon Icon;
+  LPCSTR Resource;
+};
+
+const std::array<StockIcon, 4>& StockIcons() {
+  static const std::array<StockIcon, 4> icons{{{BoxIcon::Stop, IDI_HAND},
+                                               {BoxIcon::Exclamation, IDI_EXCLAMATION},
+                                               {BoxIcon::Information, IDI_ASTERISK},
+                                               {BoxIcon::Question, IDI_QUESTION}}};
+  return icons;
+}
+
+/// A stock icon as a dialog draws it.
+Picture DrawIconPicture(LPCSTR resource, int width, int height) {
+  const HDC screen = GetDC(nullptr);
+  const HDC dc = CreateCompatibleDC(screen);
+  const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+  const HGDIOBJ before = SelectObject(dc, bitmap);
+  const RECT area{0, 0, width, height};
+  FillRect(dc, &area, GetSysColorBrush(COLOR_BTNFACE));
+  DrawIconEx(dc, 0, 0, LoadIconA(nullptr, resource), width, height, 0, nullptr, DI_NORMAL);
+  Picture picture{width, height, {}};
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      const COLORREF color = GetPixel(dc, x, y);
+      picture.Pixels.push_back(static_cast<std::uint32_t>(
+          (GetRValue(color) << 16) | (GetGValue(color) << 8) | GetBValue(color)));
+    }
+  }
+  SelectObject(dc, before);
+  DeleteObject(bitmap);
+  DeleteDC(dc);
+  ReleaseDC(nullptr, screen);
+  return picture;
+}
+
+/// Whether nearly all pixels are the same: shades of a smooth edge may differ.
+bool LooksLike(const Picture& seen, const Picture& expected) {
+  if (seen.Pixels.empty() || seen.Pixels.size() != expected.Pixels.size()) return false;
+  std::size_t same = 0;
+  for (std::size_t i = 0; i < seen.Pixels.size(); ++i) {
+    if (seen.Pixels[i] == expected.Pixels[i]) ++same;
+  }
+  return same * 10 >= seen.Pixels.size() * 9;
+}
+
+}  // namespace
+
+Window Dialog::Require(int id) const {
+  const Window control = window_.Control(id);
+  if (!control.Exists()) {
+    Fail("the dialog '" + Title() + "' has no control " + std::to_string(id));
+  }
+  return control;
+}
+
+bool Dialog::IsChecked(int id) const {
+  return Require(id).Send(BM_GETCHECK) == BST_CHECKED;
+}
+
+void Dialog::Type(int id, const std::string& text) const {
+  const Window field = Require(id);
+  field.Send(EM_SETSEL, 0, -1);
+  if (text.empty()) field.Send(WM_CLEAR);
+  for (const char character : text) {
+    field.Send(WM_CHAR, static_cast<WPARAM>(static_cast<unsigned char>(character)), 1);
+  }
+  WaitFor("field " + std::to_string(id) + " to hold '" + text + "'",
+          [&] { return field.Text() == text; });
+}
+
+void Dialog::Press(int id) const {
+  const Window button = Require(id);
+  if (!button.Enabled()) Fail("button " + std::to_string(id) + " of '" + Title() + "' is greyed");
+  button.Post(BM_CLICK);
+}
+
+void Dialog::Leave(int id) const {
+  Press(id);
+  WaitUntilGone();
+}
+
+void Dialog::WaitUntilGone() const {
+  WaitFor("the dialog '" + Title() + "' to close", [this] { return !window_.Visible(); });
+}
+
+bool Box::Is(Window window) {
+  return window.ClassName() == "#32770" && window.Control(kBoxText).Exists();
+}
+
+std::string Box::Text() const {
+  return dialog_.Text(kBoxText);
+}
+
+std::vector<int> Box::Buttons() const {
+  std::vector<int> buttons;
+  for (int id = 1; id <= kLastBoxButton; ++id) {
+    if (dialog_.Frame().Control(id).Visible()) buttons.push_back(id);
+  }
+  return buttons;
+}
+
+BoxIcon Box::Icon() const {
+  const Window field = dialog_.Frame().Control(kBoxIcon);
+  if (!field.Visible()) return BoxIcon::None;
+  const Rect area = field.ClientArea();
+  BoxIcon found = BoxIcon::None;
+  WaitFor("the icon of the box '" + Text() + "' to be seen", [&] {
+    const Picture seen = TakeScreen(area);
+    for (const StockIcon& stock : StockIcons()) {
+      if (LooksLike(seen, DrawIconPicture(stock.Resource, area.Width(), area.Height()))) {
+        found = stock.Icon;
+      }
+    }
+    return found != BoxIcon::None;
+  });
+  return found;
+}
+
+void ChooseFile(const Dialog& dialog, const std::string& path) {
+  const Window field = dialog.Frame().Control(kFileNameField);
+  WaitFor("the file dialog to take the path " + path, [&] {
+    field.Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    return field.Text() == path;
+  });
+  dialog.Leave(kOkButton);
+}
+
+}  // namespace ondrel::e2e

@@ -1,0 +1,127 @@
+// Commands, keys, mouse and pictures: what a user does with the program and sees of it.
+#include "program.h"
+
+namespace ondrel::e2e {
+
+void Program::Command(int id) const {
+  Await("the menu entry " + std::to_string(id) + " to be enabled", [&] {
+    if (!frame_.Enabled()) return false;
+    for (const MenuEntry& popup : Menu()) {
+      const MenuEntry* entry = popup.Enabled ? FindEntry(popup.Entries, id) : nullptr;
+      if (entry != nullptr && entry->Enabled) return true;
+    }
+    return false;
+  });
+  frame_.Post(WM_COMMAND, static_cast<WPARAM>(id));
+}
+
+void Program::CommandDone(int id) const {
+  Command(id);
+  inside_->PassPosted();
+}
+
+void Program::ToForeground() const {
+  Await("a window of the program to be in the foreground", [this] {
+    const HWND now = GetForegroundWindow();
+    DWORD process = 0;
+    GetWindowThreadProcessId(now, &process);
+    if (process == process_.dwProcessId && (now != frame_.Handle() || frame_.Enabled()))
+      return true;
+    const std::vector<Window> dialogs = Dialogs();
+    SetForegroundWindow(dialogs.empty() ? frame_.Handle() : dialogs.front().Handle());
+    return false;
+  });
+}
+
+void Program::Key(int key, std::initializer_list<int> modifiers) const {
+  ToForeground();
+  PressKey(key, modifiers);
+  inside_->PassInput();
+}
+
+void Program::ClickAt(Point place) const {
+  ToForeground();
+  Click(place);
+  inside_->PassInput();
+}
+
+void Program::DoubleClickAt(Point place) const {
+  ToForeground();
+  DoubleClick(place);
+  inside_->PassInput();
+}
+
+void Program::Drag(Point from, Point to) const {
+  constexpr int kSteps = 8;
+  ToForeground();
+  MovePointer(from);
+  HoldButton();
+  inside_->PassInput();
+  for (int step = 1; step <= kSteps; ++step) {
+    // A display server may report an earlier place once more: the move counts when it stays.
+    const Point place{from.X + (to.X - from.X) * step / kSteps,
+                      from.Y + (to.Y - from.Y) * step / kSteps};
+    WaitFor("the pointer to stay where it was moved", [&] {
+      MovePointer(place);
+      inside_->PassInput();
+      return PointerIsAt(place);
+    });
+  }
+  ReleaseButton();
+  inside_->PassInput();
+}
+
+void Program::WaitForScroll(Window view, int position) const {
+  int last = 0;
+  WaitFor(
+      "the scroll bar of '" + view.Text() + "' to stand at " + std::to_string(position),
+      [&] {
+        last = Scroll(view).Position;
+        return last == position;
+      },
+      [&] { return "it stands at " + std::to_string(last); });
+}
+
+void Program::Settle(Window view) const {
+  inside_->PassPosted();
+  Await("the view '" + view.Text() + "' to be painted", [&] { return !inside_->NeedsPaint(view); });
+}
+
+void Program::PlaceFrame(const Rect& place) const {
+  constexpr int kLooks = 40;
+  int looks = 0;
+  Await("the frame to stay at " + ToText(place), [&] {
+    const bool there = frame_.Place() == place;
+    if (!there) frame_.MoveTo(place);
+    looks = there ? looks + 1 : 0;
+    return looks == kLooks;
+  });
+}
+
+Picture Program::ClientPicture(Window view) const {
+  MovePointer({0, GetSystemMetrics(SM_CYSCREEN) - 1});
+  Settle(view);
+  // What is drawn reaches the screen a little later; two pictures alike show that it has.
+  Picture last;
+  Await("the picture of '" + view.Text() + "' to stand still", [&] {
+    Picture next = TakeScreen(view.ClientArea());
+    const bool still = next == last;
+    last = std::move(next);
+    return still;
+  });
+  return last;
+}
+
+Picture Program::WaitForPicture(Window view, const std::string& what,
+                                const std::function<bool(const Picture&)>& pleases) const {
+  MovePointer({0, GetSystemMetrics(SM_CYSCREEN) - 1});
+  Settle(view);
+  Picture last;
+  Await("the picture of '" + view.Text() + "' to show " + what, [&] {
+    last = TakeScreen(view.ClientArea());
+    return pleases(last);
+  });
+  return last;
+}
+
+}  // namespace ondrel::e2e

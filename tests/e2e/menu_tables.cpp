@@ -1,0 +1,171 @@
+// Tables of the menus and of the commands that this version offers.
+#include "menu_tables.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace ondrel::e2e {
+namespace {
+
+/// States in which an entry can be chosen.
+enum : unsigned { kNever = 0, kNoData = 1, kData = 2, kActive = 4, kLoaded = 6, kAlways = 7 };
+
+struct Row {
+  int Id;            // 0: a popup of the bar, -1: a separator
+  const char* Text;  // null for a separator
+  unsigned States;
+};
+
+// Commands that this version does not offer in any state.
+constexpr int kWithheld[] = {
+    51719, 51720, 51722, 51723, 51726, 51727, 51728,  // saving, preferences, exports, printing
+    52225, 52228, 52229, 52230, 52231,                // "Events" and the filters
+    52481, 52482, 52483, 52484, 52485, 52488,         // graphs
+    52993, 54017,                                     // tag values, settings of the statistics
+};
+
+constexpr Row kSeparator{-1, nullptr, kAlways};
+
+constexpr Row kBar[] = {
+    {0, "&File", kAlways},
+    {51713, "&Open...\tCtrl+O", kNoData},
+    {51714, "&Close\tCtrl+W", kLoaded},
+    {51715, "&Add...", kLoaded},
+    kSeparator,
+    {51717, "&Import Events...", kLoaded},
+    kSeparator,
+    {51719, "Save &Events...", kLoaded},
+    {51720, "Save &Levels...", kLoaded},
+    kSeparator,
+    {51722, "Loa&d Preferences...", kNoData},
+    {51723, "&Save Preferences...", kAlways},
+    {51724, "Sett&ings...", kNoData},
+    kSeparator,
+    {51726, "Export &Graph..", kActive},
+    {51727, "Export &Text...", kActive},
+    {51728, "&Print...\tCtl+P", kActive},
+    kSeparator,
+    {51730, "E&xit", kAlways},
+    {0, "&Settings", kLoaded},
+    {52225, "&Events...", kLoaded},
+    kSeparator,
+    {52227, "&Reset", kLoaded},
+    {52228, "S&weep...", kLoaded},
+    {52229, "&Level...", kLoaded},
+    {52230, "&Preceding...", kLoaded},
+    {52231, "&Following...", kLoaded},
+    {0, "&View", kLoaded},
+    {52481, "&Amplitude Histogram", kLoaded},
+    {52482, "A&mplitude Scatter", kLoaded},
+    {52483, "Am&plitude/Duration", kLoaded},
+    {52484, "&Duration Histogram", kLoaded},
+    {52485, "D&uration Scatter ", kLoaded},
+    {52486, "&Event", kLoaded},
+    {52487, "&Level", kLoaded},
+    {52488, "S&tationarity", kLoaded},
+    {52489, "&Statistics", kLoaded},
+    {52490, "S&weep", kLoaded},
+    {0, "&Help", kAlways},
+    {55297, "&About Ondrel...", kAlways},
+};
+
+struct ViewRow {
+  const char* View;  // title of the window
+  int Level;         // 0 the popup itself, 1 its entries, 2 those of "&Colors"
+  int Id;            // 0 for a popup
+  const char* Text;
+};
+
+constexpr ViewRow kViewPopups[] = {
+    {"Event", 0, 0, "E&vent"},
+    {"Event", 1, 0, "&Colors"},
+    {"Event", 2, 25857, "&Events..."},
+    {"Event", 2, 25858, "&Header..."},
+    {"Event", 2, 25859, "&Background..."},
+    {"Level", 0, 0, "&Level"},
+    {"Level", 1, 52993, "&TagValue..."},
+    {"Level", 1, 0, "&Colors"},
+    {"Level", 2, 26113, "&Selected..."},
+    {"Level", 2, 26114, "&Unselected..."},
+    {"Level", 2, 26115, "&Header..."},
+    {"Level", 2, 26116, "&Background..."},
+    {"Statistics", 0, 0, "S&tatistics"},
+    {"Statistics", 1, 54017, "&Settings..."},
+    {"Statistics", 1, 0, "&Colors"},
+    {"Statistics", 2, 27137, "&Header..."},
+    {"Statistics", 2, 27138, "&Others..."},
+    {"Statistics", 2, 27139, "&Background..."},
+    {"Sweep", 0, 0, "S&weep"},
+    {"Sweep", 1, 0, "&Colors"},
+    {"Sweep", 2, 27393, "&Selected..."},
+    {"Sweep", 2, 27394, "&Unselected..."},
+    {"Sweep", 2, 27395, "&Header..."},
+    {"Sweep", 2, 27396, "&Background..."},
+};
+
+unsigned Bit(MenuState state) {
+  switch (state) {
+    case MenuState::NoData:
+      return kNoData;
+    case MenuState::Data:
+      return kData;
+    case MenuState::ActiveView:
+      return kActive;
+  }
+  return kNever;
+}
+
+bool IsWithheld(int id) {
+  return std::find(std::begin(kWithheld), std::end(kWithheld), id) != std::end(kWithheld);
+}
+
+std::string Line(int level, int id, bool enabled, const char* text) {
+  return std::string(static_cast<std::size_t>(2 * level), ' ') +
+         (id > 0 ? std::to_string(id) + " " : "") + (enabled ? "" : "(grey) ") + text;
+}
+
+}  // namespace
+
+std::vector<std::string> ExpectedBar(MenuState state, const std::vector<std::string>& viewLines) {
+  std::vector<std::string> lines;
+  bool popupEnabled = true;
+  for (const Row& row : kBar) {
+    const bool inState = (row.States & Bit(state)) != 0;
+    if (row.Id == 0) {
+      popupEnabled = inState;
+      if (std::string(row.Text) == "&Help") {
+        lines.insert(lines.end(), viewLines.begin(), viewLines.end());
+      }
+      lines.push_back(Line(0, 0, popupEnabled, row.Text));
+    } else if (row.Id < 0) {
+      lines.emplace_back("  -");
+    } else {
+      const bool enabled = (inState && !IsWithheld(row.Id)) || !popupEnabled;
+      lines.push_back(Line(1, row.Id, enabled, row.Text));
+    }
+  }
+  return lines;
+}
+
+std::vector<std::string> ExpectedViewPopup(const std::string& view) {
+  std::vector<std::string> lines;
+  for (const ViewRow& row : kViewPopups) {
+    if (view == row.View) {
+      lines.push_back(Line(row.Level, row.Id, !IsWithheld(row.Id), row.Text));
+    }
+  }
+  return lines;
+}
+
+std::vector<int> EnabledCommands(MenuState state) {
+  std::vector<int> ids;
+  bool popupEnabled = true;
+  for (const Row& row : kBar) {
+    const bool inState = (row.States & Bit(state)) != 0;
+    if (row.Id == 0) popupEnabled = inState;
+    if (row.Id > 0 && popupEnabled && inState && !IsWithheld(row.Id)) ids.push_back(row.Id);
+  }
+  return ids;
+}
+
+}  // namespace ondrel::e2e

@@ -1,0 +1,23 @@
+// The menus as they should be: texts, numbers, separators, and in which of the three states an
+// entry can be chosen.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace ondrel::e2e {
+
+enum class MenuState { NoData, Data, ActiveView };
+
+/// The bar in a state, as MenuLines gives it; popups that are grey keep their entries' own states
+/// out of the lines. `viewLines` are those of the view's popup and stand before "&Help".
+std::vector<std::string> ExpectedBar(MenuState state,
+                                     const std::vector<std::string>& viewLines = {});
+
+/// Lines of a view's popup, by the title of the view.
+std::vector<std::string> ExpectedViewPopup(const std::string& view);
+
+/// All numbers of commands in the main menu that can be chosen in a state.
+std::vector<int> EnabledCommands(MenuState state);
+
+}  // namespace ondrel::e2e
