@@ -15,8 +15,12 @@ struct IntRect {
   friend bool operator==(const IntRect&, const IntRect&) = default;
 };
 
-constexpr std::int32_t Width(const IntRect& rect) { return rect.Right - rect.Left; }
-constexpr std::int32_t Height(const IntRect& rect) { return rect.Bottom - rect.Top; }
+constexpr std::int32_t Width(const IntRect& rect) {
+  return rect.Right - rect.Left;
+}
+constexpr std::int32_t Height(const IntRect& rect) {
+  return rect.Bottom - rect.Top;
+}
 
 /// A view without a remembered place has such a rectangle.
 constexpr bool IsDegenerate(const IntRect& rect) {

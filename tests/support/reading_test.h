@@ -42,9 +42,10 @@ class ReadingTest : public ShellTest {
     return ParseImport(Frame(), Block(text), "events.txt", text.size());
   }
 
-  const EventRecord& Event(std::int32_t row) { return *GetEvent(workspace().Events, row); }
-  const SweepRecord& Sweep(std::int32_t row) { return *GetSweep(workspace().Sweeps, row); }
-  const FileRecord& File(std::int32_t row) { return *GetFile(workspace().Files, row); }
+  // A row that is not there fails the test and reads as zeros.
+  const EventRecord& Event(std::int32_t row) { return Found(GetEvent(workspace().Events, row)); }
+  const SweepRecord& Sweep(std::int32_t row) { return Found(GetSweep(workspace().Sweeps, row)); }
+  const FileRecord& File(std::int32_t row) { return Found(GetFile(workspace().Files, row)); }
 
   /// Counts of files, sweeps and events.
   std::array<std::int32_t, 3> Counts() {
@@ -64,6 +65,13 @@ class ReadingTest : public ShellTest {
   static constexpr std::int32_t kNoRange = 12345;
 
  private:
+  template <typename Record>
+  static const Record& Found(const Record* record) {
+    static const Record none{};
+    EXPECT_NE(record, nullptr) << "no such row";
+    return record != nullptr ? *record : none;
+  }
+
   std::array<scripted::Window, kViewCount> windows_;
 };
 
