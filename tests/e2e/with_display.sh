@@ -7,6 +7,8 @@
 #
 # Environment, all with defaults:
 #   ONDREL_SCREEN   size and depth of the display, 1440x1080x24
+#   ONDREL_FRESH_PROFILE  a folder in which an untouched profile is kept: made by the first run,
+#                   copied by later ones, which then start in a second or two; default: none
 #   ONDREL_TIMEOUT  seconds after which the command is given up, 600
 set -u
 
@@ -84,12 +86,29 @@ unset WAYLAND_DISPLAY
 openbox >"$scratch/openbox.log" 2>&1 &
 openbox_pid=$!
 
-if ! timeout 180 wine wineboot --init >"$scratch/wineboot.log" 2>&1; then
-  cat "$scratch/wineboot.log" >&2
-  fail "the Wine profile could not be made"
+make_profile() {
+  if ! timeout 180 wine wineboot --init >"$scratch/wineboot.log" 2>&1; then
+    cat "$scratch/wineboot.log" >&2
+    fail "the Wine profile could not be made"
+  fi
+  # The first server writes the profile to disk when its last process has gone.
+  timeout 60 wineserver -w || fail "the Wine profile was not finished"
+  # Folders of the user are links into the home that is gone afterwards; file dialogs need them.
+  local link
+  find "$prefix/drive_c/users" -type l | while read -r link; do rm "$link" && mkdir "$link"; done
+  # The signs on caption buttons are a font that Debian's Wine does not find where Debian puts it.
+  cp /usr/share/wine/fonts/marlett.ttf "$prefix/drive_c/windows/Fonts/" 2>/dev/null
+}
+
+kept=${ONDREL_FRESH_PROFILE:-}
+if [ -n "$kept" ] && [ -d "$kept" ]; then
+  cp -a "$kept/." "$prefix/" || fail "the fresh profile in $kept could not be copied"
+else
+  make_profile
+  if [ -n "$kept" ]; then
+    mkdir -p "$kept.new" && cp -a "$prefix/." "$kept.new/" && mv "$kept.new" "$kept"
+  fi
 fi
-# The first server writes the profile to disk when its last process has gone.
-timeout 60 wineserver -w || fail "the Wine profile was not finished"
 
 # Wine tells of every disk that it may not look into; nobody here has asked.
 timeout --foreground "${ONDREL_TIMEOUT:-600}" "$@" \
