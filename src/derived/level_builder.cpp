@@ -26,6 +26,7 @@ struct LevelBuild {
   double RangeStart = 0.0;      // s
   double RangeEnd = 0.0;        // s
   double LastTransition = 0.0;  // s, of the last event in range
+  std::int32_t LastIndex = -1;  // of that event
 };
 
 bool HasRoom(const LevelBuild& build) {
@@ -66,14 +67,17 @@ bool FindFirstEvent(LevelBuild& build) {
   return false;
 }
 
-/// Here the end of the range is included.
+/// Here the end of the range is included. A pass that ends inside its sweep is followed by another
+/// one, which finds the same last event and need not walk there again.
 void FindLastInRange(LevelBuild& build) {
-  build.LastTransition = build.Events.Index[build.Next]->Transition;
+  if (build.Next <= build.LastIndex) return;
+  build.LastIndex = build.Next;
   for (std::int32_t index = build.Next + 1; index < build.Events.Count; ++index) {
     const EventRecord& event = *build.Events.Index[index];
-    if (event.Sweep != build.Sweep || !(event.Transition <= build.RangeEnd)) return;
-    build.LastTransition = event.Transition;
+    if (event.Sweep != build.Sweep || !(event.Transition <= build.RangeEnd)) break;
+    build.LastIndex = index;
   }
+  build.LastTransition = build.Events.Index[build.LastIndex]->Transition;
 }
 
 void SkipRestOfSweep(LevelBuild& build) {

@@ -114,8 +114,8 @@ void FinishRow(StatisticsRow& row, double referenceTime) {
     row.AmplitudeStd = SampleDeviation(count, row.AmplitudeMean, row.AmplitudeStd);
   }
   row.Probability = referenceTime != 0.0 ? row.DurationMean / referenceTime : 0.0;
-  // Without a guard: 0 / 0 makes the means of a row without levels not-a-number, which the exports
-  // show as it is.
+  // Without a guard: 0 / 0 makes the means of a row without levels not-a-number, which is shown
+  // nowhere on the screen and written as it is.
   row.DurationMean /= count;
   row.AmplitudeMean /= count;
 }

@@ -23,7 +23,7 @@ struct StatisticsRow {
 };
 
 struct StatisticsTable {
-  bool StatisticsEmpty = false;   // the last run found no selected level
+  bool StatisticsEmpty = false;   // the last run found no selected level, or no memory
   StatisticsRow* Rows = nullptr;  // owned; from the lowest to the highest selected level number
   std::int32_t TotalEvents = 0;   // selected levels
   std::int32_t RowCount = 0;

@@ -56,6 +56,7 @@ void OpenCommand(FrameWindow* frame) {
     return;
   }
   DeriveAfterOpening(workspace);
+  InstallDataMenu(frame);  // stays when no view can be opened
   OpenView(frame, ViewKind::Event);
   OpenView(frame, ViewKind::Level);
 }

@@ -1,5 +1,6 @@
 // Numbers as text, in files and in dialogs: decimal, with a point as the decimal mark whatever the
-// locale. Nobody else converts text to reals or writes a real.
+// locale. Apart from the readers' short cut for plain numbers, which gives the same
+// values, nobody else converts text to reals, and nobody else writes one.
 #pragma once
 
 #include <cstddef>

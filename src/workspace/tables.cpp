@@ -11,6 +11,7 @@ void FreeStorage(Table& table) {
   toolkit::FreeMemory(table.Records);
   table.Index = nullptr;
   table.Records = nullptr;
+  table.Count = 0;
 }
 
 }  // namespace

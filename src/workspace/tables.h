@@ -109,8 +109,8 @@ void ClearSweepFlags(SweepTable& table);
 /// not beyond the capacity.
 void FreeSegments(SweepTable& table, std::int32_t first, std::int32_t count);
 
-/// Each frees the table's storage and clears both pointers. Harmless when they are null. The
-/// sweeps' segments go with the sweeps.
+/// Each frees the table's storage and leaves it empty. Harmless without storage. The sweeps'
+/// segments go with the sweeps.
 void FreeEventTable(EventTable& table);
 void FreeLevelTable(LevelTable& table);
 void FreeSweepTable(SweepTable& table);

@@ -70,8 +70,8 @@ RowEnd ReadNextSweep(FrameWindow* frame, TextScanner& scanner, FileRecord& file)
 bool ReadSweepBlock(FrameWindow* frame, TextScanner& scanner, std::int32_t fileNumber,
                     FileRecord& file) {
   SweepTable& sweeps = frame->Owner->Sweeps;
-  char keyword[kTokenLimit];
   if (!TakeKeyword(scanner, "Sweeps")) {
+    char keyword[kTokenLimit];
     NextToken(scanner, keyword, sizeof keyword);
     ReportCorrupted(frame, -1, 0, "Sweep");
     return true;
@@ -86,8 +86,8 @@ bool ReadSweepBlock(FrameWindow* frame, TextScanner& scanner, std::int32_t fileN
   return true;
 }
 
-/// No block of the machine that the layout was made for could be larger; a count beyond it is
-/// damage, and is refused alike on every machine.
+/// A negative count, or one whose block would have 2 GiB or more, is damage. It is refused as too
+/// large for the memory, alike on every machine.
 constexpr std::int32_t kLargestSegmentCount =
     std::numeric_limits<std::int32_t>::max() / static_cast<std::int32_t>(sizeof(SegmentRecord));
 
@@ -98,7 +98,7 @@ bool AllocateSegments(FrameWindow* frame, SweepRecord& sweep, std::int32_t count
   sweep.Segments = nullptr;
   sweep.SegmentCount = 0;
   if (count == 0) return true;
-  if (count <= kLargestSegmentCount) {
+  if (count > 0 && count <= kLargestSegmentCount) {
     sweep.Segments = toolkit::AllocateRecords<SegmentRecord>(count);
   }
   if (sweep.Segments == nullptr) {
@@ -139,7 +139,7 @@ RowEnd ReadNextSegments(FrameWindow* frame, TextScanner& scanner, std::int32_t r
   }
   std::int32_t count;
   const int status = ReadInteger(scanner, &count);
-  if (ReportCorrupted(frame, count < 0 ? -1 : status, row, "Event")) return RowEnd::Failed;
+  if (ReportCorrupted(frame, status, row, "Event")) return RowEnd::Failed;
   if (!AllocateSegments(frame, *sweep, count)) return RowEnd::Failed;
   if (ReportCorrupted(frame, ReadSegments(scanner, *sweep), row, "Event")) return RowEnd::Failed;
   return RowEnd::More;

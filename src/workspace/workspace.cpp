@@ -36,12 +36,6 @@ void ReportNoMemory(FrameWindow* frame, const char* table, TextId tail) {
   ReportFailure(frame, {TextId::InsufficientMemoryFor, table, tail});
 }
 
-template <typename Table>
-void CloseTable(Table& table, void (*freeTable)(Table&)) {
-  freeTable(table);
-  table.Count = 0;
-}
-
 void FreeStatistics(StatisticsTable& statistics) {
   toolkit::FreeMemory(statistics.Rows);
   statistics.Rows = nullptr;
@@ -127,29 +121,24 @@ void AllocateFileTable(FrameWindow* frame) {
 bool AllocateAllTables(FrameWindow* frame) {
   Workspace& workspace = *frame->Owner;
   AllocateEventTable(frame);
-  if (workspace.Events.Index == nullptr) return false;
-  AllocateLevelTable(frame);
-  if (workspace.Levels.Index != nullptr) {
-    AllocateSweepTable(frame);
-    if (workspace.Sweeps.Index != nullptr) {
-      AllocateFileTable(frame);
-      if (workspace.Files.Index != nullptr) return true;
-      FreeSweepTable(workspace.Sweeps);
-    }
-    FreeLevelTable(workspace.Levels);
-  }
+  if (workspace.Events.Index != nullptr) AllocateLevelTable(frame);
+  if (workspace.Levels.Index != nullptr) AllocateSweepTable(frame);
+  if (workspace.Sweeps.Index != nullptr) AllocateFileTable(frame);
+  if (workspace.Files.Index != nullptr) return true;
+  FreeSweepTable(workspace.Sweeps);
+  FreeLevelTable(workspace.Levels);
   FreeEventTable(workspace.Events);
   return false;
 }
 
 void FreeAllTables(Workspace& workspace) {
-  CloseTable(workspace.Events, FreeEventTable);
-  CloseTable(workspace.Levels, FreeLevelTable);
+  FreeEventTable(workspace.Events);
+  FreeLevelTable(workspace.Levels);
   FreeBins(workspace.Amplitude);
   FreeBins(workspace.Duration);
   FreeStatistics(workspace.Statistics);
-  CloseTable(workspace.Sweeps, FreeSweepTable);
-  CloseTable(workspace.Files, FreeFileTable);
+  FreeSweepTable(workspace.Sweeps);
+  FreeFileTable(workspace.Files);
 }
 
 void ClearEvents(FrameWindow* frame, std::int32_t first, std::int32_t count) {

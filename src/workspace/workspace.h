@@ -76,8 +76,9 @@ inline const ViewState& ViewOf(const Workspace& workspace, ViewKind kind) {
   return workspace.Views[static_cast<std::size_t>(kind)];
 }
 
-/// Gives every setting its default. Tables keep their storage; windows, the views' states, the
-/// frame and the module handle stay as they are. Callers reset the views right after.
+/// Gives every setting its default, capacities included: only while no table is allocated. Windows,
+/// the views' states, the frame and the module handle stay as they are. Callers reset the views
+/// right after.
 void ResetWorkspace(Workspace& workspace);
 
 /// Each allocates a table at its capacity, empty. On failure the user is told and the table's

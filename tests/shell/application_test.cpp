@@ -26,6 +26,21 @@ TEST_F(ApplicationTest, TheStartupDialogIsShownBeforeTheMessageLoop) {
   EXPECT_THAT(shownAtLoop, ElementsAre(kFileSettings));
 }
 
+TEST_F(ApplicationTest, TheWelcomeComesBeforeTheFrameAndTheDialogAfterIt) {
+  bool shownAtDialog = false;
+  std::size_t boxesAtDialog = 0;
+  int menuAtDialog = 0;
+  shell().DialogScripts.push_back([&](scripted::OpenDialog&) {
+    shownAtDialog = shell().FrameHolder->Shown;
+    boxesAtDialog = shell().Boxes.size();
+    menuAtDialog = shell().Menu.Resource;
+  });
+  Run([] {});
+  EXPECT_TRUE(shownAtDialog);
+  EXPECT_EQ(boxesAtDialog, 1u);
+  EXPECT_EQ(menuAtDialog, 200);
+}
+
 TEST_F(ApplicationTest, LeavingTheStartupDialogByOkOpensNothing) {
   shell().DialogScripts.push_back([](scripted::OpenDialog& dialog) { dialog.Press(2); });
   Run([&] { EXPECT_THAT(shell().FileDialogs, IsEmpty()); });
@@ -71,7 +86,7 @@ TEST_F(ApplicationTest, OnlyANormalFrameIsRemembered) {
   });
 }
 
-TEST_F(ApplicationTest, TheFramesOtherSlotsDoNothing) {
+TEST_F(ApplicationTest, KeysAndMessagesGoOnToThePlatform) {
   Run([&] {
     const FrameCallbacks& slots = *Frame()->Callbacks;
     EXPECT_EQ(slots.KeyDown(Frame(), 0x70), 0);

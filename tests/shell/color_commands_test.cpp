@@ -89,7 +89,7 @@ TEST_F(ColorCommandsTest, ViewsThatDoNotExistHaveNoColourCommands) {
   EXPECT_FALSE(IsColorCommand(25860));
 }
 
-/// Every colour of the menus of views that exist leads somewhere, each to another colour.
+/// No colour of the menus of views that exist leads nowhere.
 TEST_F(ColorCommandsTest, TheMenusHoldNoOtherColours) {
   RunWithAllViews([&] {
     for (const int resource : {206, 207, 211, 212}) {

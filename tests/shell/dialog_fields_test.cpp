@@ -72,6 +72,11 @@ TEST_F(DialogFieldsTest, EscapeCancels) {
   EXPECT_EQ(button, 3);
 }
 
+TEST_F(DialogFieldsTest, AControlThatFailsAtTheStartEndsTheDialog) {
+  shell().ControlText.Next = 2;
+  EXPECT_EQ(RunWith([](scripted::OpenDialog&) { ADD_FAILURE() << "the dialog is not shown"; }), -1);
+}
+
 TEST_F(DialogFieldsTest, BothEndsOfARangeAreInside) {
   RunWith([](scripted::OpenDialog& dialog) {
     for (const char* text : {"-5", "5", "+0"}) {

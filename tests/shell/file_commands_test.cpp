@@ -70,6 +70,39 @@ TEST_F(FileCommandsTest, EachAllocationOfAnOpenCanFailWithoutHarm) {
   ADD_FAILURE() << "an open needs fewer allocations than that";
 }
 
+TEST_F(FileCommandsTest, WithNoWindowForAViewTheDataCanStillBeClosed) {
+  Run([&] {
+    shell().Boxes.clear();
+    shell().CreateChild = {.Next = 1, .Lasting = true};
+    OpenFile(file_.Path());
+    EXPECT_THAT(
+        Messages(),
+        ElementsAre("Insufficient memory for creating <Event> window. You can increase the amount "
+                    "of memory by quiting some other programs.",
+                    "Insufficient memory for creating <Level> window. You can increase the amount "
+                    "of memory by quiting some other programs."));
+    EXPECT_TRUE(shell().Menu.Entries.at({1, 2, 0})) << "Close";
+    EXPECT_TRUE(shell().Menu.Popups.at(3)) << "View";
+    Choose(command::kClose);
+    EXPECT_EQ(workspace().Events.Index, nullptr);
+  });
+}
+
+TEST_F(FileCommandsTest, AFailedAddKeepsWhatItReadAndDrawsNothingAnew) {
+  const ScratchFile half("half.evt", std::string(kTwoOpenings) + "File\tUndefined\tSweeps\t1\tx");
+  RunWithData([&] {
+    const std::int32_t levels = workspace().Levels.Count;
+    auto& events = scripted::WindowOf(ViewOf(workspace(), ViewKind::Event).Window);
+    events.Invalidated.clear();
+    shell().FileChoices.push_back(half.Path());
+    Choose(command::kAdd);
+    EXPECT_EQ(workspace().Events.Count, 8);
+    EXPECT_EQ(workspace().Levels.Count, levels);
+    EXPECT_THAT(events.Invalidated, IsEmpty());
+    EXPECT_EQ(events.Bars[0].Maximum, 7) << "the new rows can be scrolled to";
+  });
+}
+
 TEST_F(FileCommandsTest, TablesAreFreedInReverseWhenOneCannotBeHad) {
   const char* const words[] = {"event table", "event table", "level table",
                                "level table", "Sweep table", "Sweep table"};

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
+
 #include "support/program_test.h"
 
 namespace ondrel {
@@ -90,7 +92,8 @@ TEST_F(FileSettingsTest, OpenStoresTheValuesAndAsksForAFile) {
 }
 
 TEST_F(FileSettingsTest, ACapacityOfOneIsAcceptedAndGivesTablesOfOneRecord) {
-  const ScratchFile one("one.txt", "1 0.5 0 0 1e-12 0 1");
+  const ScratchFile one("one.txt", "2 Sweeps 1 0 1 0 1 0 0 Events 1 0.5 0 1e-12 1 0");
+  const ScratchFile two("two.txt", "2 Sweeps 1 0 1 0 1 0 0 Events 1 0.5 0 1e-12 1 0 1 0.6 0 0 0 0");
   RunDialog(
       [](scripted::OpenDialog& dialog) {
         dialog.Type(kEvents, "1");
@@ -98,11 +101,15 @@ TEST_F(FileSettingsTest, ACapacityOfOneIsAcceptedAndGivesTablesOfOneRecord) {
         dialog.Press(kOkButton);
       },
       [&] {
-        ASSERT_TRUE(AllocateAllTables(Frame()));
-        EXPECT_EQ(workspace().Events.Capacity, 1);
-        EXPECT_EQ(workspace().Levels.Capacity, 1);
-        EXPECT_EQ(workspace().Sweeps.Capacity, 1);
-        EXPECT_NE(workspace().Events.Index[0], nullptr);
+        shell().Boxes.clear();
+        OpenFile(two.Path());
+        EXPECT_THAT(Messages(),
+                    ElementsAre("Event table is full. File reading will be aborted. Select "
+                                "\"Settings\" in \"File\" menu. Change Event table entries."));
+        OpenFile(one.Path());
+        EXPECT_EQ(workspace().Events.Count, 1);
+        EXPECT_EQ(workspace().Sweeps.Count, 1);
+        EXPECT_EQ(workspace().Levels.Count, 1) << "the level table holds no more";
       });
 }
 
@@ -137,16 +144,56 @@ TEST_F(FileSettingsTest, TheLargestNumbersAreAccepted) {
       [&] { EXPECT_EQ(workspace().Events.Capacity, 2147483647); });
 }
 
-TEST_F(FileSettingsTest, ANewFontSizeMarksAndRefreshesEveryViewButTheFitViews) {
-  RunDialog(
-      [](scripted::OpenDialog& dialog) {
-        dialog.Type(kFont, "12");
+/// Stands in for a window of each view; a repaint of it is recorded.
+struct InertWindows {
+  std::array<scripted::Window, kViewCount> Windows;
+
+  explicit InertWindows(Workspace& workspace) {
+    for (std::size_t i = 0; i < kViewCount; ++i) {
+      Windows[i].Record.Handle = &Windows[i];
+      Windows[i].Client = {0, 0, 300, 200};
+      workspace.Views[i].Window = &Windows[i].Record;
+    }
+  }
+  void TakeFrom(Workspace& workspace) {
+    for (ViewState& view : workspace.Views) view.Window = nullptr;
+  }
+  bool IsRepainted(ViewKind kind) const {
+    return !Windows[static_cast<std::size_t>(kind)].Invalidated.empty();
+  }
+};
+
+class FontAndPenTest : public FileSettingsTest {
+ protected:
+  void ExpectRepaint(int control, const char* text, bool expected) {
+    Run([&] {
+      InertWindows windows(workspace());
+      shell().DialogScripts.push_back([&](scripted::OpenDialog& dialog) {
+        dialog.Type(control, text);
         dialog.Press(kOkButton);
-      },
-      [&] {
-        for (const ViewState& view : workspace().Views) EXPECT_FALSE(view.NeedsRebuild);
-        EXPECT_EQ(workspace().FontSize, 12);
       });
+      Choose(command::kFileSettings);
+      for (std::size_t i = 0; i < kViewCount; ++i) {
+        const auto kind = static_cast<ViewKind>(i);
+        const bool isFit = kind == ViewKind::AmplitudeFit || kind == ViewKind::DurationFit;
+        EXPECT_EQ(windows.IsRepainted(kind), expected && !isFit) << i;
+        EXPECT_FALSE(workspace().Views[i].NeedsRebuild);
+      }
+      windows.TakeFrom(workspace());
+    });
+  }
+};
+
+TEST_F(FontAndPenTest, ANewFontSizeRepaintsEveryViewButTheFitViews) {
+  ExpectRepaint(kFont, "12", true);
+}
+
+TEST_F(FontAndPenTest, ANewPenSizeRepaintsEveryViewButTheFitViews) {
+  ExpectRepaint(kPen, "2", true);
+}
+
+TEST_F(FontAndPenTest, OtherSettingsRepaintNothing) {
+  ExpectRepaint(kEvents, "100", false);
 }
 
 TEST_F(FileSettingsTest, ItIsOfferedOnlyWhileNothingIsLoaded) {

@@ -22,6 +22,8 @@ class ProgramTest : public ::testing::Test {
   ~ProgramTest() override {
     EXPECT_EQ(scripted::TheShell().LiveAllocations, 0) << "memory that nobody freed";
     EXPECT_EQ(scripted::TheShell().OpenFiles, 0) << "files that nobody closed";
+    EXPECT_EQ(scripted::TheShell().OpenDevices, 0) << "devices that nobody gave back";
+    EXPECT_EQ(scripted::TheShell().DeviceObjects, 0) << "pens and fonts that nobody deleted";
   }
 
   scripted::Shell& shell() { return scripted::TheShell(); }

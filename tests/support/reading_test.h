@@ -93,13 +93,16 @@ inline std::string Corrupted(int number, const std::string& word) {
 }
 
 inline std::string TableFull(const std::string& word) {
-  return word + " table is full. File reading will be aborted. Select \"Settings\" in \"File\" menu."
-                " Change " + word + " table entries.";
+  return word +
+         " table is full. File reading will be aborted. Select \"Settings\" in \"File\" menu."
+         " Change " +
+         word + " table entries.";
 }
 
 inline std::string CannotRead(const std::string& name) {
   return "Ondrel cannot read file " + name +
-         ". Ondrel expects a tab-delimited text file with a specific layout. See the manual for more "
+         ". Ondrel expects a tab-delimited text file with a specific layout. See the manual for "
+         "more "
          "information.";
 }
 

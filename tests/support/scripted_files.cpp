@@ -123,7 +123,9 @@ void OpenDialog::Type(int control, const std::string& text) {
   Command(control);
 }
 
-void OpenDialog::Escape() { Command(operations_.CancelControl); }
+void OpenDialog::Escape() {
+  Command(operations_.CancelControl);
+}
 
 void OpenDialog::Press(int control) {
   if (At(control).Enabled) Command(control);
@@ -154,6 +156,7 @@ int RunDialog(FrameWindow*, int resource, const DialogOperations& operations, vo
 }
 
 bool SetControlText(DialogRecord& dialog, int control, const char* text) {
+  if (TheShell().ControlText.Strikes()) return false;
   DialogOf(dialog).At(control).Text = text;
   return true;
 }

@@ -127,6 +127,7 @@ struct Shell {
   Fault Size;
   Fault Seek;
   Fault Read;
+  Fault ControlText;
   Fault CreateFrame;
   Fault CreateChild;
   int LiveAllocations = 0;

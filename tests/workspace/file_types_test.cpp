@@ -52,15 +52,15 @@ TEST(FileTypes, KeywordsAreComparedWithCase) {
 
 TEST(FileTypes, AbfIsWrittenAsPClamp6) {
   EXPECT_STREQ(FileTypeKeyword(FindFileType("ABF")->Type), "pClamp6");
-  for (const char* keyword : {"pClamp6", "Sampler", "Exchange", "Pulse", "IgorWave",
-                              "RawContinuous", "Undefined"}) {
+  for (const char* keyword :
+       {"pClamp6", "Sampler", "Exchange", "Pulse", "IgorWave", "RawContinuous", "Undefined"}) {
     EXPECT_STREQ(FileTypeKeyword(FindFileType(keyword)->Type), keyword);
   }
 }
 
 TEST(FileTypes, OnlyUndefinedNamesNoFile) {
-  for (const char* keyword : {"pClamp6", "ABF", "Sampler", "Exchange", "Pulse", "IgorWave",
-                              "RawContinuous"}) {
+  for (const char* keyword :
+       {"pClamp6", "ABF", "Sampler", "Exchange", "Pulse", "IgorWave", "RawContinuous"}) {
     EXPECT_TRUE(FindFileType(keyword)->NamesFile) << keyword;
   }
   EXPECT_FALSE(FindFileType("Undefined")->NamesFile);

@@ -15,8 +15,9 @@ class ImportTest : public ReadingTest {
   ImportTest() { LoadSweeps(); }
 
   void LoadSweeps() {
-    EXPECT_TRUE(Parse("5 File Undefined Sweeps 1 2 0 2 0 0 2 1 0 1 0 0 Segments Events "
-                      "1 0.5 0 1E-12 1 0"));
+    EXPECT_TRUE(
+        Parse("5 File Undefined Sweeps 1 2 0 2 0 0 2 1 0 1 0 0 Segments Events "
+              "1 0.5 0 1E-12 1 0"));
   }
   void DropEvents() { ClearEvents(Frame(), 0, workspace().Events.Count); }
 };

@@ -123,7 +123,9 @@ TEST(ParseReal, TwoAndThreeExponentDigitsReadAlike) {
   EXPECT_EQ(RealOf("1.23E+003"), (Real{0, 1230.0}));
 }
 
-TEST(ParseReal, AnEmptyTextIsZeroWithoutFailure) { EXPECT_EQ(RealOf(""), (Real{0, 0.0})); }
+TEST(ParseReal, AnEmptyTextIsZeroWithoutFailure) {
+  EXPECT_EQ(RealOf(""), (Real{0, 0.0}));
+}
 
 TEST(ParseReal, ANumberThatRunsIntoSomethingElseFailsWithItsValueStored) {
   EXPECT_EQ(RealOf("12abc"), (Real{-1, 12.0}));

@@ -18,7 +18,9 @@ namespace {
 
 using namespace std::string_view_literals;
 
-TextScanner ScannerOf(std::string_view text) { return {text.data(), text.data() + text.size()}; }
+TextScanner ScannerOf(std::string_view text) {
+  return {text.data(), text.data() + text.size()};
+}
 
 /// Enough behind a number that the short cut looks at it.
 const std::string kPadding(64, ' ');
@@ -50,9 +52,27 @@ TEST(RowScanner, TheShortCutTakesTheNumbersThatAreWritten) {
 }
 
 TEST(RowScanner, TheShortCutLeavesWhatIsUnusual) {
-  for (const char* token : {"+1.5", ".5", "5.", "1e5", "1.5E", "1.5E+", "1.5E-1", "1.5E+1234",
-                            "1.2.3", "12abc", "abc", "", "-", "1234567890", "0.12345678901",
-                            "1.5E-23", "99999999.999999999", "1.5E-12x", "\v1", "inf", "0x1"}) {
+  for (const char* token : {"+1.5",
+                            ".5",
+                            "5.",
+                            "1e5",
+                            "1.5E",
+                            "1.5E+",
+                            "1.5E-1",
+                            "1.5E+1234",
+                            "1.2.3",
+                            "12abc",
+                            "abc",
+                            "",
+                            "-",
+                            "1234567890",
+                            "0.12345678901",
+                            "1.5E-23",
+                            "99999999.999999999",
+                            "1.5E-12x",
+                            "\v1",
+                            "inf",
+                            "0x1"}) {
     EXPECT_FALSE(IsUsualReal(token)) << token;
   }
   for (const char* token : {"+1", "1.5", "", "-", "1234567890", "1x", "Events"}) {
@@ -67,11 +87,27 @@ TEST(RowScanner, TheShortCutKeepsOffTheLastBytesOfTheData) {
   EXPECT_TRUE(HasUsualRoom(ScannerOf(text + "1")));
 }
 
+TEST(RowScanner, TheLongestLookAheadStaysInsideTheRoom) {
+  const std::string digits(kUsualNumberRoom, '1');
+  for (const std::string& start :
+       {std::string(), std::string("-"), std::string("-1."), std::string("-111111111."),
+        std::string("-111111111.1111111111E"), std::string("-111111111.1111111111E+")}) {
+    // A block of no more than the room, so that a sanitizer sees any look beyond it.
+    const std::string text = (start + digits).substr(0, kUsualNumberRoom);
+    const std::vector<char> block(text.begin(), text.end());
+    double real;
+    std::int32_t integer;
+    EXPECT_EQ(ScanUsualReal(block.data(), &real), nullptr) << text;
+    EXPECT_EQ(ScanUsualInteger(block.data(), &integer), nullptr) << text;
+  }
+}
+
 TEST(RowScanner, DigitsAreCountedUpToTheFirstByteThatIsNone) {
   for (int count = 0; count <= 8; ++count) {
     for (int byte = 0; byte < 256; ++byte) {
       std::string text(16, '9');
-      for (int i = 0; i < count; ++i) text[static_cast<std::size_t>(i)] = static_cast<char>('0' + i);
+      for (int i = 0; i < count; ++i)
+        text[static_cast<std::size_t>(i)] = static_cast<char>('0' + i);
       if (count < 8) text[static_cast<std::size_t>(count)] = static_cast<char>(byte);
       const bool digit = count == 8 || IsDigit(static_cast<char>(byte));
       EXPECT_EQ(CountDigits(LoadEight(text.data())), digit ? 8 : count) << count << " " << byte;
@@ -235,8 +271,8 @@ TEST_F(RowScannerProperty, WrittenRowsReadAlikeBothWays) {
     char row[200];
     const double time = static_cast<double>(Below(1u << 30)) / 1e6;
     const double pre = (static_cast<double>(Below(1u << 30)) - 5e8) * 1e-20;
-    std::snprintf(row, sizeof row, "%.6f\t%.7E\t%d\t%.6E\r\n", time, pre, static_cast<int>(Below(9)),
-                  time);
+    std::snprintf(row, sizeof row, "%.6f\t%.7E\t%d\t%.6E\r\n", time, pre,
+                  static_cast<int>(Below(9)), time);
     ExpectBothWaysAlike(row + kPadding);
   }
 }

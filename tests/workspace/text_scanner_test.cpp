@@ -10,10 +10,14 @@ namespace {
 
 using namespace std::string_view_literals;
 
-TextScanner ScannerOf(std::string_view text) { return {text.data(), text.data() + text.size()}; }
+TextScanner ScannerOf(std::string_view text) {
+  return {text.data(), text.data() + text.size()};
+}
 
 /// What is still to be read.
-std::string Rest(const TextScanner& scanner) { return {scanner.Cursor, scanner.End}; }
+std::string Rest(const TextScanner& scanner) {
+  return {scanner.Cursor, scanner.End};
+}
 
 std::string Token(TextScanner& scanner, std::size_t limit = kTokenLimit) {
   char buffer[64] = "stale";
@@ -49,7 +53,9 @@ TEST(TextScanner, ReadTokenStopsBeforeEachSeparator) {
 }
 
 TEST(TextScanner, ARunOf45DigitsYieldsATokenOf39AndOneOf6) {
-  const std::string digits = "123456789012345678901234567890123456789" "012345";
+  const std::string digits =
+      "123456789012345678901234567890123456789"
+      "012345";
   TextScanner scanner = ScannerOf(digits);
   EXPECT_EQ(Token(scanner), digits.substr(0, 39));
   EXPECT_EQ(Token(scanner), "012345");

@@ -10,10 +10,14 @@ using ::testing::IsEmpty;
 
 const std::string kSweepRow = "9 0.5 2.0 0.25 1.75 7 8\r\n";
 
-std::string SweepRows(int count) { return Repeat(kSweepRow, count); }
+std::string SweepRows(int count) {
+  return Repeat(kSweepRow, count);
+}
 
 /// An event row of version 2 in sweep `sweep`.
-std::string EventRow(int sweep) { return std::to_string(sweep) + " 0.5 1E-12 2E-12 3 4.5\r\n"; }
+std::string EventRow(int sweep) {
+  return std::to_string(sweep) + " 0.5 1E-12 2E-12 3 4.5\r\n";
+}
 
 class Version2 : public ReadingTest {
  protected:
@@ -115,8 +119,7 @@ TEST_F(Version2, AFileWithoutSweepsTakesOneAllTheSame) {
 TEST_F(Version2, FilesThatDoNotAccountForEverySweepAreToldAndTheBlockGoes) {
   for (const int rows : {2, 4}) {
     shell().Boxes.clear();
-    EXPECT_FALSE(
-        Parse("2 Files 2 1 Sweeps " + SweepRows(rows) + "Events " + EventRow(1)));
+    EXPECT_FALSE(Parse("2 Files 2 1 Sweeps " + SweepRows(rows) + "Events " + EventRow(1)));
     EXPECT_THAT(Messages(), ElementsAre(kDifferent));
     EXPECT_THAT(Counts(), ElementsAre(0, 0, 0));
   }
@@ -130,29 +133,29 @@ TEST_F(Version2, ASingleRowOfFilesIsNotHeldToItsCount) {
 }
 
 TEST_F(Version2, SweepCountsThatOverflowTogetherAreDifferentFromTheRows) {
-  EXPECT_FALSE(Parse("2 Files 2147483647 2147483647 2 Sweeps " + SweepRows(1) + "Events " +
-                     EventRow(1)));
+  EXPECT_FALSE(
+      Parse("2 Files 2147483647 2147483647 3 Sweeps " + SweepRows(1) + "Events " + EventRow(1)));
   EXPECT_THAT(Messages(), ElementsAre(kDifferent));
   EXPECT_THAT(Counts(), ElementsAre(0, 0, 0));
 }
 
 TEST_F(Version2, AHundredFilesFit) {
-  EXPECT_TRUE(Parse("2 Files " + Repeat("1 ", 100) + "Sweeps " + SweepRows(100) + "Events " +
-                    EventRow(1)));
+  EXPECT_TRUE(
+      Parse("2 Files " + Repeat("1 ", 100) + "Sweeps " + SweepRows(100) + "Events " + EventRow(1)));
   EXPECT_THAT(Messages(), IsEmpty());
   EXPECT_THAT(Counts(), ElementsAre(100, 100, 1));
 }
 
 TEST_F(Version2, MoreThan100FilesAreRefused) {
-  EXPECT_FALSE(Parse("2 Files " + Repeat("1 ", 101) + "Sweeps " + SweepRows(101) + "Events " +
-                     EventRow(1)));
+  EXPECT_FALSE(
+      Parse("2 Files " + Repeat("1 ", 101) + "Sweeps " + SweepRows(101) + "Events " + EventRow(1)));
   EXPECT_THAT(Messages(), ElementsAre(kTooManyFiles));
   EXPECT_THAT(Counts(), ElementsAre(0, 0, 0));
 }
 
 TEST_F(Version2, ASingleFileBeyond100IsToldAsAFullEventTable) {
-  ASSERT_TRUE(Parse("2 Files " + Repeat("1 ", 100) + "Sweeps " + SweepRows(100) + "Events " +
-                    EventRow(1)));
+  ASSERT_TRUE(
+      Parse("2 Files " + Repeat("1 ", 100) + "Sweeps " + SweepRows(100) + "Events " + EventRow(1)));
   EXPECT_FALSE(Parse("2 Sweeps " + SweepRows(1) + "Events " + EventRow(1)));
   EXPECT_THAT(Messages(), ElementsAre(TableFull("Event")));
   EXPECT_THAT(Counts(), ElementsAre(100, 100, 1));
@@ -283,8 +286,8 @@ TEST_F(Version2, ATruncatedLastRowIsKeptWithZeros) {
 }
 
 TEST_F(Version2, AFurtherFileCountsOn) {
-  const std::string table = "2 Files 1 2 Sweeps " + SweepRows(3) + "Events " + EventRow(1) +
-                            EventRow(3);
+  const std::string table =
+      "2 Files 1 2 Sweeps " + SweepRows(3) + "Events " + EventRow(1) + EventRow(3);
   EXPECT_TRUE(Parse(table));
   EXPECT_TRUE(Parse(table));
   EXPECT_THAT(Counts(), ElementsAre(4, 6, 4));

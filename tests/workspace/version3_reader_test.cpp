@@ -1,6 +1,6 @@
 #include "workspace/version3_reader.h"
 
-#include "support/reading_test.h"
+#include "support/version3_table.h"
 
 namespace ondrel {
 namespace {
@@ -8,30 +8,11 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-const std::string kSweepRow = "1\t2.0\t0.25\t1.75\t7\t8\r\n";
-
-std::string SweepRows(int count) { return Repeat(kSweepRow, count); }
-
-std::string EventRow(int sweep) {
-  return std::to_string(sweep) + "\t0.5\t1E-12\t2E-12\t3\t4.5\r\n";
-}
-
-/// A group of an Undefined file.
-std::string Group(const std::string& sweeps, const std::string& segments,
-                  const std::string& events) {
-  return "File\r\nUndefined\r\nSweeps\r\n" + sweeps + "Segments\r\n" + segments + "Events\r\n" +
-         events;
-}
-
-std::string Table(const std::string& groups, int version = 5) {
-  return std::to_string(version) + "\r\n" + groups;
-}
-
 class Version3 : public ReadingTest {};
 
 TEST_F(Version3, EveryColumnGoesToItsField) {
-  EXPECT_TRUE(Parse(Table(Group("17" + kSweepRow.substr(1), "1 2 0.1 0.2 0.3 0.4\r\n",
-                                EventRow(1)))));
+  EXPECT_TRUE(
+      Parse(Table(Group("17" + kSweepRow.substr(1), "1 2 0.1 0.2 0.3 0.4\r\n", EventRow(1)))));
   EXPECT_THAT(Messages(), IsEmpty());
   EXPECT_THAT(Counts(), ElementsAre(1, 1, 1));
   const SweepRecord& sweep = Sweep(0);
@@ -93,8 +74,8 @@ TEST_F(Version3, AnotherKeywordMakesTheFileUnreadable) {
 // --- Header ---------------------------------------------------------------------------------
 
 TEST_F(Version3, AFileNameWithBlanksIsKeptWhole) {
-  EXPECT_TRUE(Parse(
-      "5\r\nFile\r\nExchange\tC:\\my data\\a b.dat\t17\r\nSweeps\r\nSegments\r\nEvents\r\n"));
+  EXPECT_TRUE(
+      Parse("5\r\nFile\r\nExchange\tC:\\my data\\a b.dat\t17\r\nSweeps\r\nSegments\r\nEvents\r\n"));
   EXPECT_THAT(Messages(), IsEmpty());
   EXPECT_EQ(File(0).Type, FileType::Exchange);
   EXPECT_STREQ(File(0).Name, "C:\\my data\\a b.dat");
@@ -202,200 +183,12 @@ TEST_F(Version3, TheEndOfTheDataIsSeenBeforeAFullSweepTable) {
   EXPECT_THAT(Messages(), ElementsAre(Corrupted(3, "Sweep"), Corrupted(1, "Event")));
 }
 
-// --- Segments -------------------------------------------------------------------------------
-
-TEST_F(Version3, SegmentRowsMayComeInAnyOrderAndMayBeMissing) {
-  EXPECT_TRUE(Parse(Table(Group(SweepRows(3), "3 1 0.5 0.6\r\n1 0\r\n", EventRow(1)))));
-  EXPECT_THAT(Messages(), IsEmpty());
-  EXPECT_EQ(Sweep(0).SegmentCount, 0);
-  EXPECT_EQ(Sweep(0).Segments, nullptr);
-  EXPECT_EQ(Sweep(1).SegmentCount, 0);
-  EXPECT_EQ(Sweep(1).Segments, nullptr);
-  ASSERT_EQ(Sweep(2).SegmentCount, 1);
-  EXPECT_EQ(Sweep(2).Segments[0].End, 0.6);
-}
-
-TEST_F(Version3, ASecondRowForASweepReplacesItsSegments) {
-  EXPECT_TRUE(Parse(Table(Group(SweepRows(1), "1 2 1 2 3 4 1 1 5 6\r\n", EventRow(1)))));
-  ASSERT_EQ(Sweep(0).SegmentCount, 1);
-  EXPECT_EQ(Sweep(0).Segments[0].Start, 5.0);
-}
-
-TEST_F(Version3, ASegmentRowBeyondTheSweepsIsToldAndTheBlockIsDone) {
-  EXPECT_FALSE(Parse(Table(Group(SweepRows(2), "1 1 0 1 3 ", ""))));
-  EXPECT_THAT(Messages(), ElementsAre(Corrupted(2, "Event"), Corrupted(1, "Event")))
-      << "the keyword behind it is read as the first event";
-  EXPECT_THAT(Counts(), ElementsAre(0, 0, 0));
-}
-
-TEST_F(Version3, TheCursorStandsBehindTheNumberOfSuchARow) {
-  EXPECT_TRUE(Parse("5 File Undefined Sweeps " + SweepRows(2) + "Segments 3 " + EventRow(2)));
-  EXPECT_THAT(Messages(), ElementsAre(Corrupted(1, "Event")));
-  EXPECT_THAT(Counts(), ElementsAre(1, 2, 1));
-  EXPECT_EQ(Event(0).Sweep, 2u);
-}
-
-TEST_F(Version3, ASegmentRowBelow1BeforeAllSweepsIsToldLikewise) {
-  for (const char* number : {"0 ", "-1 ", "-2147483648 "}) {
-    FreeAllTables(workspace());
-    AllocateAllTables(Frame());
-    shell().Boxes.clear();
-    EXPECT_TRUE(Parse("5 File Undefined Sweeps " + SweepRows(2) + "Segments " + number +
-                      EventRow(2)));
-    EXPECT_THAT(Messages(), ElementsAre(Corrupted(1, "Event"))) << number;
-    EXPECT_THAT(Counts(), ElementsAre(1, 2, 1)) << number;
-  }
-}
-
-TEST_F(Version3, ASegmentRow0ReachesTheLastSweepOfTheFileBefore) {
-  EXPECT_TRUE(Parse(Table(Group(SweepRows(1), "1 1 1 2\r\n", EventRow(1)) +
-                          Group(SweepRows(1), "0 1 3 4\r\n", EventRow(1)))));
-  EXPECT_THAT(Messages(), IsEmpty());
-  EXPECT_EQ(Sweep(0).Segments[0].Start, 3.0);
-  EXPECT_EQ(Sweep(1).SegmentCount, 0);
-}
-
-TEST_F(Version3, TheLargestSegmentNumberDoesNoHarm) {
-  EXPECT_TRUE(Parse(Table(Group(SweepRows(3), "", EventRow(1)))));
-  EXPECT_TRUE(Parse("5 File Undefined Sweeps Segments 2147483647 "));
-  EXPECT_THAT(Messages(), ElementsAre(Corrupted(1, "Event")));
-}
-
-TEST_F(Version3, ABadTokenInTheSegmentsUndoesTheSweeps) {
-  for (const char* segments : {"x 1 0 1", "1 x 0 1", "1 1 x 1", "1 1 0 x", "1 2 0 1 2 x"}) {
-    shell().Boxes.clear();
-    const int before = shell().LiveAllocations;
-    EXPECT_FALSE(Parse(Table(
-        Group(SweepRows(2), "2 1 0.5 0.6\r\n" + std::string(segments) + " ", EventRow(1)))));
-    EXPECT_THAT(Messages(), ElementsAre(Corrupted(2, "Event"))) << segments;
-    EXPECT_THAT(Counts(), ElementsAre(0, 0, 0)) << segments;
-    EXPECT_EQ(shell().LiveAllocations, before) << segments;
-  }
-}
-
-TEST_F(Version3, ANegativeSegmentCountIsCorruptedAndUndoesTheSweeps) {
-  for (const char* count : {"-1", "-2147483648"}) {
-    shell().Boxes.clear();
-    EXPECT_FALSE(
-        Parse(Table(Group(SweepRows(2), "1 " + std::string(count) + " ", EventRow(1)))));
-    EXPECT_THAT(Messages(), ElementsAre(Corrupted(1, "Event"))) << count;
-    EXPECT_THAT(Counts(), ElementsAre(0, 0, 0)) << count;
-  }
-}
-
-TEST_F(Version3, NoMemoryForSegmentsUndoesTheSweeps) {
-  for (int fault = 1; fault <= 2; ++fault) {
-    shell().Boxes.clear();
-    const int before = shell().LiveAllocations;
-    shell().Allocation.Next = 1 + fault;  // the block of the table comes first
-    EXPECT_FALSE(Parse(Table(Group(SweepRows(2), "1 1 0 1 2 1 0 1\r\n", EventRow(1)))));
-    EXPECT_THAT(Messages(), ElementsAre(kNoMemoryForSegments)) << fault;
-    EXPECT_THAT(Counts(), ElementsAre(0, 0, 0)) << fault;
-    EXPECT_EQ(shell().LiveAllocations, before) << fault;
-  }
-}
-
-TEST_F(Version3, AGiganticSegmentCountIsAFailedAllocation) {
-  EXPECT_FALSE(Parse(Table(Group(SweepRows(1), "1 2147483647 0 1 ", EventRow(1)))));
-  EXPECT_THAT(Messages(), ElementsAre(kNoMemoryForSegments));
-  EXPECT_THAT(Counts(), ElementsAre(0, 0, 0));
-}
-
-TEST_F(Version3, ATableThatEndsInTheSegmentsIsToldAndKept) {
-  EXPECT_TRUE(Parse("5 File Undefined Sweeps " + SweepRows(2) + "Segments 1 3 0.5 0.6 0.7"));
-  EXPECT_THAT(Messages(), ElementsAre(Corrupted(2, "Event")));
-  EXPECT_THAT(Counts(), ElementsAre(1, 2, 0));
-  ASSERT_EQ(Sweep(0).SegmentCount, 3);
-  EXPECT_EQ(Sweep(0).Segments[0].End, 0.6);
-  EXPECT_EQ(Sweep(0).Segments[1].Start, 0.7);
-  EXPECT_EQ(Sweep(0).Segments[1].End, 0.0);
-  EXPECT_EQ(Sweep(0).Segments[2].End, 0.0);
-}
-
-TEST_F(Version3, ALargeCountAtTheEndOfTheDataTakesNoTime) {
-  EXPECT_TRUE(Parse("5 File Undefined Sweeps " + SweepRows(1) + "Segments 1 10000000 0.5 0.6"));
-  EXPECT_THAT(Messages(), ElementsAre(Corrupted(2, "Event")));
-  EXPECT_EQ(Sweep(0).SegmentCount, 10000000);
-  EXPECT_EQ(Sweep(0).Segments[9999999].End, 0.0);
-}
-
-// --- Events ---------------------------------------------------------------------------------
-
-TEST_F(Version3, ABadTokenInEachColumnOfAnEventUndoesTheGroup) {
-  const std::string row = "1 1 1 1 1 1 ";
-  for (std::size_t column = 0; column < 6; ++column) {
-    shell().Boxes.clear();
-    const int before = shell().LiveAllocations;
-    std::string bad = row;
-    bad[2 * column] = 'x';
-    EXPECT_FALSE(Parse(Table(Group(SweepRows(2), "1 1 0 1 ", row + bad))));
-    EXPECT_THAT(Messages(), ElementsAre(Corrupted(2, "Event"))) << "column " << column;
-    EXPECT_THAT(Counts(), ElementsAre(0, 0, 0));
-    EXPECT_EQ(shell().LiveAllocations, before);
-  }
-}
-
-TEST_F(Version3, AnExactFitOfEventsFails) {
-  SetCapacities(3, 10);
-  EXPECT_FALSE(Parse(Table(Group(SweepRows(1), "", Repeat(EventRow(1), 3)))));
-  EXPECT_THAT(Messages(), ElementsAre(TableFull("Event")));
-  EXPECT_THAT(Counts(), ElementsAre(0, 0, 0));
-}
-
-TEST_F(Version3, OneEventLessThanTheCapacityPasses) {
-  SetCapacities(4, 10);
-  EXPECT_TRUE(Parse(Table(Group(SweepRows(1), "", Repeat(EventRow(1), 3)))));
-  EXPECT_THAT(Messages(), IsEmpty());
-  EXPECT_THAT(Counts(), ElementsAre(1, 1, 3));
-}
-
-TEST_F(Version3, TheCapacityReachedInALaterFileLeavesTheEarlierOnes) {
-  SetCapacities(4, 10);
-  EXPECT_FALSE(Parse(Table(Group(SweepRows(1), "1 1 0 1 ", Repeat(EventRow(1), 2)) +
-                           Group(SweepRows(2), "1 1 0 1 ", Repeat(EventRow(1), 2)))));
-  EXPECT_THAT(Messages(), ElementsAre(TableFull("Event")));
-  EXPECT_THAT(Counts(), ElementsAre(1, 1, 2));
-}
-
-TEST_F(Version3, AnEventBeyondTheSweepsEndsTheBlockAndKeepsTheRowsBefore) {
-  EXPECT_FALSE(Parse(Table(Group(SweepRows(2), "", EventRow(1) + EventRow(3) + EventRow(1)))));
-  EXPECT_THAT(Messages(), ElementsAre(Corrupted(2, "Event")));
-  EXPECT_THAT(Counts(), ElementsAre(1, 2, 1));
-}
-
-TEST_F(Version3, SuchARowAtTheVeryEndIsAGoodRead) {
-  EXPECT_TRUE(Parse(Table(Group(SweepRows(2), "", EventRow(1) + "3"))));
-  EXPECT_THAT(Messages(), ElementsAre(Corrupted(2, "Event")));
-  EXPECT_THAT(Counts(), ElementsAre(1, 2, 1));
-}
-
-TEST_F(Version3, SweepNumbersOfEventsBelow1AreNotRefused) {
-  EXPECT_TRUE(Parse(Table(Group(SweepRows(2), "", EventRow(1)) +
-                          Group(SweepRows(1), "", EventRow(0) + EventRow(-5)))));
-  EXPECT_THAT(Messages(), IsEmpty());
-  EXPECT_EQ(Event(1).Sweep, 2u);
-  EXPECT_EQ(Event(2).Sweep, static_cast<std::uint32_t>(-3));
-}
-
-TEST_F(Version3, ATruncatedLastRowIsKeptWithZeros) {
-  EXPECT_TRUE(Parse(Table(Group(SweepRows(1), "", EventRow(1) + "1 0.75"))));
-  EXPECT_THAT(Counts(), ElementsAre(1, 1, 2));
-  EXPECT_EQ(Event(1).Transition, 0.75);
-  EXPECT_EQ(Event(1).PostAmplitude, 0.0);
-}
-
-TEST_F(Version3, AFileMayHaveSweepsButNoEvents) {
-  EXPECT_TRUE(Parse(Table(Group(SweepRows(1), "", "") + Group(SweepRows(1), "", EventRow(1)))));
-  EXPECT_THAT(Messages(), IsEmpty());
-  EXPECT_THAT(Counts(), ElementsAre(2, 2, 1));
-  EXPECT_EQ(Event(0).Sweep, 2u);
-}
-
 // --- Several files --------------------------------------------------------------------------
 
 TEST_F(Version3, SeveralFilesCountOn) {
-  const std::string table = Table(Group(SweepRows(2), "2 1 0.1 0.2\r\n", EventRow(1) + EventRow(2)) +
-                                  Group(SweepRows(1), "1 1 0.3 0.4\r\n", EventRow(1)));
+  const std::string table =
+      Table(Group(SweepRows(2), "2 1 0.1 0.2\r\n", EventRow(1) + EventRow(2)) +
+            Group(SweepRows(1), "1 1 0.3 0.4\r\n", EventRow(1)));
   EXPECT_TRUE(Parse(table));
   EXPECT_TRUE(Parse(table));
   EXPECT_THAT(Messages(), IsEmpty());

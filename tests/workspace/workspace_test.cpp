@@ -10,7 +10,8 @@ namespace {
 using ::testing::ElementsAre;
 
 constexpr char kReduceEntries[] =
-    ". You can increase the amount of memory available either select \"Settings\" in \"File\" menu, "
+    ". You can increase the amount of memory available either select \"Settings\" in \"File\" "
+    "menu, "
     "reduce \"Event entries\" or \"Sweep entries\" or quit some other programs.";
 constexpr char kQuitOtherPrograms[] =
     ". You can increase the amount of memory by quiting some other programs.";

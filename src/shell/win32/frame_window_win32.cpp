@@ -19,8 +19,16 @@ void OnSize(FrameWindow* frame, WPARAM kind) {
   if (PlacementOfSize(kind, &placement)) frame->Callbacks->Sized(frame, placement);
 }
 
+/// A child that is being destroyed is still the top one but no longer in sight.
 void OnSetFocus(HWND window) {
-  if (HWND top = TopChild(window)) SetFocus(top);
+  HWND top = TopChild(window);
+  if (top != nullptr && IsWindowVisible(top) != FALSE) SetFocus(top);
+}
+
+/// While one of its boxes or dialogs stands the frame is disabled, and what shows it is in the
+/// middle of its work. Only messages that other programs post still arrive then.
+bool IsBusy(HWND window) {
+  return IsWindowEnabled(window) == FALSE;
 }
 
 void OnNonClientActivate(HWND window, WPARAM active) {
@@ -57,13 +65,13 @@ LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
       frame->Callbacks->Enabled(frame, wParam != FALSE);
       break;
     case WM_CLOSE:
-      frame->Callbacks->Closing(frame);  // the frame may be gone now
+      if (!IsBusy(window)) frame->Callbacks->Closing(frame);  // the frame may be gone now
       return 0;
     case WM_NCACTIVATE:
       OnNonClientActivate(window, wParam);
       break;
     case WM_COMMAND:
-      OnCommand(frame, LOWORD(wParam));
+      if (!IsBusy(window)) OnCommand(frame, LOWORD(wParam));
       return 0;
     default:
       break;
