@@ -41,7 +41,7 @@ TEST_F(Start, TheFrameStandsBehindTheDialogAtAPlaceWithSize) {
   (void)program.WaitForDialog("File Settings");
   EXPECT_TRUE(program.Frame().Visible());
   EXPECT_FALSE(program.Frame().Enabled());
-  EXPECT_EQ(program.Frame().Text(), "Ondrel");
+  EXPECT_EQ(program.Frame().Title(), "Ondrel");
   EXPECT_GT(program.Frame().Place().Width(), 200);
   EXPECT_GT(program.Frame().Place().Height(), 200);
 }

@@ -26,7 +26,7 @@ void WaitForViewPopup(const Program& program, const std::string& title) {
 
 void WaitForPlace(const Window& view, const Rect& place) {
   WaitFor(
-      "'" + view.Text() + "' to stand at " + ToText(place),
+      "'" + view.Title() + "' to stand at " + ToText(place),
       [&] { return view.PlaceInParent() == place; },
       [&] { return "it stands at " + ToText(view.PlaceInParent()); });
 }

@@ -97,7 +97,11 @@ void Dialog::Leave(int id) const {
 }
 
 void Dialog::WaitUntilGone() const {
-  WaitFor("the dialog '" + Title() + "' to close", [this] { return !window_.Visible(); });
+  DWORD process = 0;
+  GetWindowThreadProcessId(window_.Handle(), &process);
+  WaitFor(
+      "the dialog '" + Title() + "' to close", [this] { return !window_.Visible(); },
+      [process] { return "there are" + DescribeDialogs(process); });
 }
 
 bool Box::Is(Window window) {
@@ -119,9 +123,9 @@ std::vector<int> Box::Buttons() const {
 BoxIcon Box::Icon() const {
   const Window field = dialog_.Frame().Control(kBoxIcon);
   if (!field.Visible()) return BoxIcon::None;
-  const Rect area = field.ClientArea();
   BoxIcon found = BoxIcon::None;
   WaitFor("the icon of the box '" + Text() + "' to be seen", [&] {
+    const Rect area = field.ClientArea();  // a window manager may still move the box
     const Picture seen = TakeScreen(area);
     for (const StockIcon& stock : StockIcons()) {
       if (LooksLike(seen, DrawIconPicture(stock.Resource, area.Width(), area.Height()))) {
@@ -131,6 +135,23 @@ BoxIcon Box::Icon() const {
     return found != BoxIcon::None;
   });
   return found;
+}
+
+std::vector<Window> VisibleDialogs(DWORD process) {
+  std::vector<Window> dialogs;
+  for (const Window& window : TopLevelWindows(process)) {
+    if (window.Visible() && window.ClassName() == "#32770") dialogs.push_back(window);
+  }
+  return dialogs;
+}
+
+std::string DescribeDialogs(DWORD process) {
+  std::string text;
+  for (const Window& window : VisibleDialogs(process)) {
+    text += Box::Is(window) ? ", a box '" + Box(window).Text() + "'"
+                            : ", the dialog '" + window.Title() + "'";
+  }
+  return text;
 }
 
 void ChooseFile(const Dialog& dialog, const std::string& path) {

@@ -14,7 +14,7 @@ class Dialog {
   explicit Dialog(Window window) : window_(window) {}
 
   [[nodiscard]] const Window& Frame() const { return window_; }
-  [[nodiscard]] std::string Title() const { return window_.Text(); }
+  [[nodiscard]] std::string Title() const { return window_.Title(); }
   /// What stands in a control.
   [[nodiscard]] std::string Text(int id) const { return Require(id).Text(); }
   [[nodiscard]] bool IsEnabled(int id) const { return Require(id).Enabled(); }
@@ -61,6 +61,11 @@ class Box {
  private:
   Dialog dialog_;
 };
+
+/// Visible dialogs and boxes of a process, from the top down.
+std::vector<Window> VisibleDialogs(DWORD process);
+/// The same in words, each behind a comma.
+std::string DescribeDialogs(DWORD process);
 
 inline constexpr int kFileNameField = 0x47C;
 

@@ -120,16 +120,12 @@ std::string Program::Describe() const {
   std::string text = "the program shows";
   if (frame_.Visible()) text += " its frame at " + ToText(frame_.Place());
   for (const std::string& title : ViewTitles()) text += ", the view '" + title + "'";
-  for (const Window& window : Dialogs()) {
-    text += Box::Is(window) ? ", a box '" + Box(window).Text() + "'"
-                            : ", the dialog '" + window.Text() + "'";
-  }
-  return text;
+  return text + DescribeDialogs(process_.dwProcessId);
 }
 
 std::vector<std::string> Program::ViewTitles() const {
   std::vector<std::string> titles;
-  for (const Window& child : frame_.Children()) titles.push_back(child.Text());
+  for (const Window& child : frame_.Children()) titles.push_back(child.Title());
   return titles;
 }
 
@@ -142,7 +138,7 @@ Window Program::View(const std::string& title) const {
   Window found;
   Await("the view '" + title + "' to open", [&] {
     for (const Window& child : frame_.Children()) {
-      if (child.Text() == title) found = child;
+      if (child.Title() == title) found = child;
     }
     return found.Exists();
   });
@@ -168,18 +164,14 @@ void Program::WaitForViews(const std::vector<std::string>& titles) const {
 }
 
 std::vector<Window> Program::Dialogs() const {
-  std::vector<Window> dialogs;
-  for (const Window& window : TopLevelWindows(process_.dwProcessId)) {
-    if (window.Visible() && window.ClassName() == "#32770") dialogs.push_back(window);
-  }
-  return dialogs;
+  return VisibleDialogs(process_.dwProcessId);
 }
 
 Dialog Program::WaitForDialog(const std::string& title) const {
   Window found;
   Await("the dialog '" + title + "'", [&] {
     for (const Window& window : Dialogs()) {
-      if (!Box::Is(window) && window.Enabled() && window.Text() == title) found = window;
+      if (!Box::Is(window) && window.Enabled() && window.Title() == title) found = window;
     }
     return found.Exists();
   });

@@ -74,7 +74,7 @@ void Program::Drag(Point from, Point to) const {
 void Program::WaitForScroll(Window view, int position) const {
   int last = 0;
   WaitFor(
-      "the scroll bar of '" + view.Text() + "' to stand at " + std::to_string(position),
+      "the scroll bar of '" + view.Title() + "' to stand at " + std::to_string(position),
       [&] {
         last = Scroll(view).Position;
         return last == position;
@@ -84,7 +84,8 @@ void Program::WaitForScroll(Window view, int position) const {
 
 void Program::Settle(Window view) const {
   inside_->PassPosted();
-  Await("the view '" + view.Text() + "' to be painted", [&] { return !inside_->NeedsPaint(view); });
+  Await("the view '" + view.Title() + "' to be painted",
+        [&] { return !inside_->NeedsPaint(view); });
 }
 
 void Program::PlaceFrame(const Rect& place) const {
@@ -103,7 +104,7 @@ Picture Program::ClientPicture(Window view) const {
   Settle(view);
   // What is drawn reaches the screen a little later; two pictures alike show that it has.
   Picture last;
-  Await("the picture of '" + view.Text() + "' to stand still", [&] {
+  Await("the picture of '" + view.Title() + "' to stand still", [&] {
     Picture next = TakeScreen(view.ClientArea());
     const bool still = next == last;
     last = std::move(next);
@@ -117,7 +118,7 @@ Picture Program::WaitForPicture(Window view, const std::string& what,
   MovePointer({0, GetSystemMetrics(SM_CYSCREEN) - 1});
   Settle(view);
   Picture last;
-  Await("the picture of '" + view.Text() + "' to show " + what, [&] {
+  Await("the picture of '" + view.Title() + "' to show " + what, [&] {
     last = TakeScreen(view.ClientArea());
     return pleases(last);
   });

@@ -44,11 +44,25 @@ void PrintTo(const Rect& rect, std::ostream* out) {
   *out << ToText(rect);
 }
 
+std::string Window::Title() const {
+  std::array<char, 256> title{};
+  GetWindowTextA(handle_, title.data(), static_cast<int>(title.size()));
+  return title.data();
+}
+
 std::string Window::Text() const {
+  // A message to a window that goes away while it is under way may never be answered: asked in
+  // short turns, for as long as the window is there.
+  constexpr UINT kTurn = 250;  // ms
   std::array<char, 4096> text{};
   DWORD_PTR length = 0;
-  SendMessageTimeoutA(handle_, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
-                      SMTO_NORMAL, kPatience, &length);
+  const bool answered = HoldsWithin(kPatience, [&] {
+    return SendMessageTimeoutA(handle_, WM_GETTEXT, text.size(),
+                               reinterpret_cast<LPARAM>(text.data()), SMTO_NORMAL, kTurn,
+                               &length) != 0 ||
+           !Exists();
+  });
+  if (!answered) Fail("a control does not tell its text");
   return text.data();
 }
 
@@ -102,7 +116,7 @@ Point Window::PartOnScreen(LRESULT part) const {
     }
     if (first - last >= 6) return {(first + last) / 2, y + 4};
   }
-  Fail("the window '" + Text() + "' has no part " + std::to_string(part) + " to point at");
+  Fail("the window '" + Title() + "' has no part " + std::to_string(part) + " to point at");
 }
 
 LRESULT Window::Send(UINT message, WPARAM wParam, LPARAM lParam) const {

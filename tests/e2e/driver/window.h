@@ -42,7 +42,8 @@ class Window {
   [[nodiscard]] bool Minimized() const { return IsIconic(handle_) != 0; }
   bool operator==(const Window&) const = default;
 
-  /// The title, or what stands in a control.
+  [[nodiscard]] std::string Title() const;
+  /// What stands in a control; empty when it is gone.
   [[nodiscard]] std::string Text() const;
   [[nodiscard]] std::string ClassName() const;
   [[nodiscard]] Rect Place() const;          // whole window, on the screen
