@@ -69,6 +69,76 @@ TEST_F(ApplicationTest, WithoutARememberedPlaceThePlatformsPlaceIsTaken) {
   Run([&] { EXPECT_EQ(workspace().FrameRect, shell().FrameHolder->Place); });
 }
 
+/// Settings that were remembered are in place by the time of the welcome, before the frame is
+/// shown.
+class RememberedSettingsTest : public ProgramTest {
+ protected:
+  void RunWith(const std::function<void(Workspace&)>& remember, const std::function<void()>& act) {
+    bool remembered = false;
+    shell().WhileBoxStands = [&](FrameWindow* frame) {
+      if (!remembered) remember(*frame->Owner);
+      remembered = true;
+    };
+    Run(act);
+  }
+};
+
+TEST_F(RememberedSettingsTest, WithTheStartupDialogSkippedTheDataFileIsAskedForAtOnce) {
+  RunWith([](Workspace& workspace) { workspace.SkipStartupDialog = true; },
+          [&] {
+            EXPECT_THAT(shell().Dialogs, IsEmpty());
+            ASSERT_EQ(shell().FileDialogs.size(), 1u);
+            EXPECT_EQ(shell().FileDialogs[0].Title, "Data file:");
+            EXPECT_EQ(workspace().Events.Index, nullptr) << "cancelling leaves no data";
+            EXPECT_FALSE(shell().Menu.Popups[2]);
+          });
+}
+
+TEST_F(RememberedSettingsTest, AnEmptyPlaceLeavesThePlatformsAndTakesItOver) {
+  RunWith([](Workspace& workspace) { workspace.FrameRect = {}; },
+          [&] {
+            EXPECT_EQ(shell().FrameHolder->Place, (IntRect{22, 22, 822, 622}));
+            EXPECT_EQ(workspace().FrameRect, (IntRect{22, 22, 822, 622}));
+          });
+}
+
+TEST_F(RememberedSettingsTest, TheFrameIsShownAtItsPlace) {
+  const IntRect place{100, 50, 700, 450};
+  RunWith([&](Workspace& workspace) { workspace.FrameRect = place; },
+          [&] {
+            EXPECT_TRUE(shell().FrameHolder->Shown);
+            EXPECT_EQ(shell().FrameHolder->Place, place);
+            EXPECT_EQ(shell().FrameHolder->State, WindowPlacement::Normal);
+          });
+}
+
+TEST_F(RememberedSettingsTest, AFrameThatWasMaximisedIsShownAtItsPlaceAndThenMaximised) {
+  const IntRect place{100, 50, 700, 450};
+  RunWith(
+      [&](Workspace& workspace) {
+        workspace.FrameRect = place;
+        workspace.FrameShow = WindowPlacement::Maximized;
+      },
+      [&] {
+        EXPECT_EQ(shell().FrameHolder->State, WindowPlacement::Maximized);
+        EXPECT_EQ(workspace().FrameShow, WindowPlacement::Maximized);
+        EXPECT_EQ(workspace().FrameRect, place) << "where it is restored to";
+      });
+}
+
+TEST_F(RememberedSettingsTest, AFrameThatWasMinimisedComesBackAtItsNormalPlace) {
+  const IntRect place{100, 50, 700, 450};
+  RunWith(
+      [&](Workspace& workspace) {
+        workspace.FrameRect = place;
+        workspace.FrameShow = WindowPlacement::Minimized;
+      },
+      [&] {
+        EXPECT_EQ(shell().FrameHolder->State, WindowPlacement::Normal);
+        EXPECT_EQ(shell().FrameHolder->Place, place);
+      });
+}
+
 TEST_F(ApplicationTest, OnlyANormalFrameIsRemembered) {
   Run([&] {
     const IntRect normal{10, 20, 510, 420};

@@ -72,9 +72,10 @@ std::int32_t CloseFile(FileHandle file) {
   return std::fclose(static_cast<std::FILE*>(file.Handle)) == 0 ? 0 : kReadFault;
 }
 
-BoxAnswer ShowBox(FrameWindow*, const char* text, BoxButtons buttons, BoxIcon icon,
+BoxAnswer ShowBox(FrameWindow* frame, const char* text, BoxButtons buttons, BoxIcon icon,
                   int defaultButton) {
   TheShell().Boxes.push_back({text, buttons, icon, defaultButton});
+  if (TheShell().WhileBoxStands) TheShell().WhileBoxStands(frame);
   if (TheShell().Answers.empty()) return BoxAnswer::Yes;
   const BoxAnswer answer = TheShell().Answers.front();
   TheShell().Answers.pop_front();

@@ -115,6 +115,7 @@ inline constexpr std::int32_t kScreenDpi = 96;
 struct Shell {
   std::vector<Box> Boxes;
   std::deque<toolkit::BoxAnswer> Answers;  // OK or Yes once empty
+  std::function<void(FrameWindow*)> WhileBoxStands;
   std::vector<FileDialog> FileDialogs;
   std::deque<std::string> FileChoices;  // empty text, or none left: the user cancels
   std::vector<std::string> ColorLabels;
