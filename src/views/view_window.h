@@ -11,8 +11,9 @@ inline bool CanOpen(ViewKind kind) {
   return FactsOf(kind).Routines != nullptr;
 }
 
-/// Opens the view at its remembered place, at the next cascade place when it has none, or brings
-/// its window forward when it is open. A failure is told, and the view stays closed.
+/// Only for kinds that the program has. Opens the view at its remembered place, at the next cascade
+/// place when it has none, or brings its window forward when it is open. A failure is told, and the
+/// view stays closed.
 void OpenView(FrameWindow* frame, ViewKind kind);
 
 /// Destroys window and table; the next window comes forward. The view's place stays remembered.

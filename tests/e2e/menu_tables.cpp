@@ -157,15 +157,4 @@ std::vector<std::string> ExpectedViewPopup(const std::string& view) {
   return lines;
 }
 
-std::vector<int> EnabledCommands(MenuState state) {
-  std::vector<int> ids;
-  bool popupEnabled = true;
-  for (const Row& row : kBar) {
-    const bool inState = (row.States & Bit(state)) != 0;
-    if (row.Id == 0) popupEnabled = inState;
-    if (row.Id > 0 && popupEnabled && inState && !IsWithheld(row.Id)) ids.push_back(row.Id);
-  }
-  return ids;
-}
-
 }  // namespace ondrel::e2e

@@ -17,7 +17,4 @@ std::vector<std::string> ExpectedBar(MenuState state,
 /// Lines of a view's popup, by the title of the view.
 std::vector<std::string> ExpectedViewPopup(const std::string& view);
 
-/// All numbers of commands in the main menu that can be chosen in a state.
-std::vector<int> EnabledCommands(MenuState state);
-
 }  // namespace ondrel::e2e

@@ -207,7 +207,8 @@ ChildWindow* CreateChild(FrameWindow* frame, const char* title, const IntRect& p
   if (child == nullptr) return nullptr;
   child->Owner = owner;
   child->Callbacks = callbacks;
-  const bool placed = !IsDegenerate(place);
+  // Views that cascade in a small frame can come out with nothing left of them.
+  const bool placed = Width(place) > 0 && Height(place) > 0;
   HWND window =
       CreateWindowExA(0, win32::kChildClass, title, win32::ChildStyle(horizontalBar, verticalBar),
                       placed ? place.Left : CW_USEDEFAULT, placed ? place.Top : CW_USEDEFAULT,

@@ -98,8 +98,7 @@ class Program {
   [[nodiscard]] Picture WaitForPicture(Window view, const std::string& what,
                                        const std::function<bool(const Picture&)>& pleases) const;
 
-  // --- The end
-  // -------------------------------------------------------------------------------------
+  // --- The end ---------------------------------------------------------------------------------
   /// Waits until the process has ended by itself and returns its exit code.
   int WaitForEnd();
   /// "E&xit" from the menu, then as above.
