@@ -5,6 +5,8 @@
 #include "derived/level_builder.h"
 #include "derived/selection_filters.h"
 #include "derived/statistics.h"
+#include "fit/amplitude_histogram.h"
+#include "fit/duration_histogram.h"
 #include "workspace/workspace.h"
 
 namespace ondrel {
@@ -22,6 +24,8 @@ void SelectLevels(Workspace& workspace) {
 
 /// What is counted from the selected levels.
 void SummarizeLevels(Workspace& workspace) {
+  BuildAmplitudeHistogram(workspace);
+  BuildDurationHistogram(workspace);
   CalculateStatistics(workspace);
 }
 
@@ -67,6 +71,7 @@ void DeriveAfterReading(Workspace& workspace) {
 }
 
 void DeriveAfterOpening(Workspace& workspace) {
+  BuildAmplitudeHistogram(workspace);  // the duration histogram waits for its view
   CalculateStatistics(workspace);
 }
 

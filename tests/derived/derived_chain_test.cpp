@@ -286,6 +286,27 @@ TEST_F(DerivedChainTest, ResetMarksAllViewsButThatOfTheEvents) {
                                           ViewKind::DurationScatter}));
 }
 
+TEST_F(DerivedChainTest, OpeningBuildsTheAmplitudeHistogramAlone) {
+  DeriveAfterReading(workspace());
+  DeriveAfterOpening(workspace());
+  EXPECT_EQ(workspace().Amplitude.EventsInHistogram, Statistics().TotalEvents);
+  EXPECT_NE(workspace().Amplitude.Bins, nullptr);
+  EXPECT_EQ(workspace().Duration.Bins, nullptr);
+}
+
+TEST_F(DerivedChainTest, EveryOtherOccasionBuildsBothHistograms) {
+  DeriveAfterReading(workspace());
+  for (void (*derive)(Workspace&) :
+       {DeriveAfterAdding, DeriveAfterLevelSettings, DeriveAfterLevelTags, DeriveAfterLevelFilter,
+        DeriveAfterSweepFilter, ResetFilters}) {
+    workspace().Amplitude.EventsInHistogram = -1;
+    workspace().Duration.EventsInHistogram = -1;
+    derive(workspace());
+    EXPECT_EQ(workspace().Amplitude.EventsInHistogram, Statistics().TotalEvents);
+    EXPECT_EQ(workspace().Duration.EventsInHistogram, Statistics().TotalEvents);
+  }
+}
+
 TEST_F(DerivedChainTest, AMarkThatIsSetAlreadyStays) {
   ViewOf(workspace(), ViewKind::Event).NeedsRebuild = true;
   DeriveAfterSweepFilter(workspace());

@@ -1,0 +1,117 @@
+#include "fit/amplitude_histogram.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+#include "fit/histogram_bins.h"
+#include "workspace/truncate.h"
+#include "workspace/units.h"
+#include "workspace/workspace.h"
+
+namespace ondrel {
+namespace {
+
+std::int64_t CountBins(const AmplitudeHistogram& histogram) {
+  return std::max<std::int64_t>(std::int64_t{histogram.BinsPerTick} * histogram.TickMarks, 1);
+}
+
+/// In advance, so that no level is compared with the range.
+void MarkExcludedBins(AmplitudeHistogram& histogram, double binWidth, const LevelFilter& filter) {
+  if (filter.AmplitudeChoice == Selection::SelectAll) return;
+  const double low = filter.AmplitudeLow / kPicoampere;
+  const double high = filter.AmplitudeHigh / kPicoampere;
+  const std::int64_t binCount = CountBins(histogram);
+  for (std::int64_t i = 1; i <= binCount; ++i) {
+    const double lower = histogram.Minimum + static_cast<double>(i - 1) * binWidth;
+    const double upper = histogram.Minimum + static_cast<double>(i) * binWidth;
+    const bool excluded = filter.AmplitudeChoice == Selection::Include
+                              ? !IncludesBin(low, high, lower, upper)
+                              : ExcludesBin(low, high, lower, upper);
+    if (excluded) histogram.Bins[i].Flags |= kExcludedBin;
+  }
+}
+
+/// Smallest and largest amplitude of the selected levels, pA.
+struct AmplitudeRange {
+  bool Any = false;
+  double Low = 0.0;
+  double High = 0.0;
+};
+
+AmplitudeRange RangeOfSelected(const LevelTable& levels) {
+  AmplitudeRange range;
+  for (std::int32_t row = 0; row < levels.Count; ++row) {
+    const LevelRecord& level = *levels.Index[row];
+    if (level.LevelFlags != 0) continue;
+    const double amplitude = level.Amplitude / kPicoampere;
+    range.Low = range.Any ? std::min(range.Low, amplitude) : amplitude;
+    range.High = range.Any ? std::max(range.High, amplitude) : amplitude;
+    range.Any = true;
+  }
+  return range;
+}
+
+/// The exponent is lowered also where it is 0, so that ranges of 4 to 40 pA always have ticks of
+/// 0.5 pA: a rule of the program that users know.
+double TickFor(const AmplitudeRange& range) {
+  constexpr double kTicks = 4.0;
+  const double width = range.High - range.Low;
+  if (width > 0.0) {
+    const double magnitude = std::log10(width / kTicks);
+    std::int32_t exponent = TruncateToInteger(magnitude);
+    if (exponent <= 0) --exponent;
+    return ReadableStep(exponent, magnitude - exponent);
+  }
+  if (range.High == 0.0) return ReadableStep(0, 0.0);
+  const double magnitude = std::log10(std::fabs(range.High));
+  const std::int32_t exponent = TruncateToInteger(magnitude);
+  return ReadableStep(exponent, magnitude - exponent);
+}
+
+double MinimumFor(double low, double perTick) {
+  const double ticks = TruncateToInteger(low / perTick);
+  const double nearest = ticks * perTick;
+  return nearest != low && low < 0.0 ? (ticks - 1.0) * perTick : nearest;
+}
+
+std::int32_t TicksFor(double span, double perTick) {
+  const std::int32_t ticks = TruncateToInteger(span / perTick);
+  return ticks * perTick == span ? ticks : TruncateToInteger(ticks + 1.0);
+}
+
+}  // namespace
+
+void BuildAmplitudeHistogram(Workspace& workspace) {
+  AmplitudeHistogram& histogram = workspace.Amplitude;
+  const std::int64_t binCount = CountBins(histogram);
+  const double binWidth = histogram.PerTick / histogram.BinsPerTick;
+  const double binsPerAmpere = 1.0 / (kPicoampere * binWidth);
+  const double minimum = histogram.Minimum / binWidth;
+  if (!ReplaceBins(workspace.Frame, binCount, "amplitude histogram", &histogram.Bins)) return;
+  MarkExcludedBins(histogram, binWidth, workspace.Levels.LevelSelection);
+  for (std::int32_t row = 0; row < workspace.Levels.Count; ++row) {
+    const LevelRecord& level = *workspace.Levels.Index[row];
+    if (level.LevelFlags != 0) continue;
+    CountLevel(histogram.Bins, binCount, level.Amplitude * binsPerAmpere - minimum);
+  }
+  const BinTotals totals = FinishBins(histogram.Bins, binCount, histogram.SquareRootAxis);
+  histogram.YMaximum = totals.YMaximum;
+  histogram.EventsInHistogram = totals.EventsInHistogram;
+}
+
+void AutoscaleAmplitude(Workspace& workspace) {
+  AmplitudeHistogram& histogram = workspace.Amplitude;
+  const AmplitudeRange range = RangeOfSelected(workspace.Levels);
+  if (!range.Any) return;
+  histogram.PerTick = TickFor(range);
+  const bool spread = range.High - range.Low > 0.0;
+  histogram.Minimum =
+      spread ? MinimumFor(range.Low, histogram.PerTick) : range.Low - histogram.PerTick;
+  const double upper = spread ? range.High : range.High + histogram.PerTick;
+  histogram.TickMarks = TicksFor(upper - histogram.Minimum, histogram.PerTick);
+  BuildAmplitudeHistogram(workspace);
+  histogram.CountsPerTick = ReadableCountsPerTick(histogram.YMaximum, histogram.SquareRootAxis);
+}
+
+}  // namespace ondrel
