@@ -50,6 +50,18 @@ class Scrolling : public EndToEnd {
   RowGrid grid_;
 };
 
+/// A paint puts the thumb to the top row, so that a thumb which stays elsewhere tells of none.
+TEST_F(Scrolling, AnEmptyUpdateRectangleIsNotPainted) {
+  Program program;
+  OpenEvents(program);
+  view_.Send(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 5));
+  EXPECT_EQ(program.Scroll(view_).Position, 5);
+  view_.Send(WM_PAINT);
+  EXPECT_EQ(program.Scroll(view_).Position, 5);
+  InvalidateRect(view_.Handle(), nullptr, FALSE);
+  program.WaitForScroll(view_, 0);
+}
+
 TEST_F(Scrolling, TheRangeIsTheTableAndTheThumbBeginsAtItsFirstRow) {
   Program program;
   OpenEvents(program);
