@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "fit/histogram_axis.h"
 #include "fit/histogram_bins.h"
 #include "workspace/truncate.h"
 #include "workspace/units.h"
@@ -12,8 +13,13 @@
 namespace ondrel {
 namespace {
 
-std::int64_t CountBins(const AmplitudeHistogram& histogram) {
-  return std::max<std::int64_t>(std::int64_t{histogram.BinsPerTick} * histogram.TickMarks, 1);
+/// For the fit, whose likelihood takes the edges one bin after the other, by repeated addition.
+void FillEdges(AmplitudeHistogram& histogram, double binWidth) {
+  double edge = histogram.Minimum;
+  for (std::int64_t i = 0; i <= CountBins(histogram); ++i) {
+    histogram.Edges[i] = edge;
+    edge += binWidth;
+  }
 }
 
 /// In advance, so that no level is compared with the range.
@@ -85,10 +91,14 @@ std::int32_t TicksFor(double span, double perTick) {
 void BuildAmplitudeHistogram(Workspace& workspace) {
   AmplitudeHistogram& histogram = workspace.Amplitude;
   const std::int64_t binCount = CountBins(histogram);
-  const double binWidth = histogram.PerTick / histogram.BinsPerTick;
+  const double binWidth = BinWidth(histogram);
   const double binsPerAmpere = 1.0 / (kPicoampere * binWidth);
   const double minimum = histogram.Minimum / binWidth;
-  if (!ReplaceBins(workspace.Frame, binCount, "amplitude histogram", &histogram.Bins)) return;
+  if (!ReplaceBins(workspace.Frame, binCount, "amplitude histogram", &histogram.Bins,
+                   &histogram.Edges)) {
+    return;
+  }
+  FillEdges(histogram, binWidth);
   MarkExcludedBins(histogram, binWidth, workspace.Levels.LevelSelection);
   for (std::int32_t row = 0; row < workspace.Levels.Count; ++row) {
     const LevelRecord& level = *workspace.Levels.Index[row];

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <numbers>
 
+#include "fit/histogram_axis.h"
 #include "fit/histogram_bins.h"
 #include "workspace/truncate.h"
 #include "workspace/workspace.h"
@@ -12,14 +13,12 @@
 namespace ondrel {
 namespace {
 
-std::int64_t CountBins(const DurationHistogram& histogram) {
-  return std::max<std::int64_t>(std::int64_t{histogram.Decades} * histogram.BinsPerDecade, 1);
-}
-
-/// The edge below bin `i`, seconds.
-double LowerEdge(const DurationHistogram& histogram, std::int64_t i) {
-  return std::pow(10.0,
-                  histogram.MinimumExponent + static_cast<double>(i - 1) / histogram.BinsPerDecade);
+/// Once for all: a fit would spend most of its time on these powers.
+void FillEdges(DurationHistogram& histogram) {
+  for (std::int64_t i = 0; i <= CountBins(histogram); ++i) {
+    const double decades = static_cast<double>(i) / histogram.BinsPerDecade;
+    histogram.Edges[i] = std::pow(10.0, histogram.MinimumExponent + decades);
+  }
 }
 
 bool IsOutOfRange(const LevelFilter& filter, double lower, double upper) {
@@ -39,8 +38,8 @@ void MarkExcludedBins(DurationHistogram& histogram, const LevelFilter& filter) {
   const double shortest = 1.0 / (6.0 * histogram.FilterFrequency);
   const std::int64_t binCount = CountBins(histogram);
   for (std::int64_t i = 1; i <= binCount; ++i) {
-    const double lower = LowerEdge(histogram, i);
-    const double upper = LowerEdge(histogram, i + 1);
+    const double lower = histogram.Edges[i - 1];
+    const double upper = histogram.Edges[i];
     if (shortest > lower || IsOutOfRange(filter, lower, upper)) {
       histogram.Bins[i].Flags |= kExcludedBin;
     }
@@ -89,7 +88,11 @@ void BuildDurationHistogram(Workspace& workspace) {
   const double binsPerUnit = histogram.BinsPerDecade / std::numbers::ln10;
   const auto minimum =
       static_cast<double>(std::int64_t{histogram.BinsPerDecade} * histogram.MinimumExponent);
-  if (!ReplaceBins(workspace.Frame, binCount, "duration histogram", &histogram.Bins)) return;
+  if (!ReplaceBins(workspace.Frame, binCount, "duration histogram", &histogram.Bins,
+                   &histogram.Edges)) {
+    return;
+  }
+  FillEdges(histogram);
   MarkExcludedBins(histogram, workspace.Levels.LevelSelection);
   for (std::int32_t row = 0; row < workspace.Levels.Count; ++row) {
     const LevelRecord& level = *workspace.Levels.Index[row];

@@ -9,10 +9,16 @@
 
 namespace ondrel {
 
-bool ReplaceBins(FrameWindow* frame, std::int64_t binCount, const char* word, BinRecord** bins) {
+bool ReplaceBins(FrameWindow* frame, std::int64_t binCount, const char* word, BinRecord** bins,
+                 double** edges) {
   toolkit::FreeMemory(*bins);
+  toolkit::FreeMemory(*edges);
+  *edges = nullptr;
   *bins = toolkit::AllocateRecords<BinRecord>(binCount + 2);
-  if (*bins != nullptr) return true;
+  if (*bins != nullptr) *edges = toolkit::AllocateRecords<double>(binCount + 1);
+  if (*edges != nullptr) return true;
+  toolkit::FreeMemory(*bins);
+  *bins = nullptr;
   ReportFailure(frame, {TextId::InsufficientMemoryFor, word, TextId::QuitOtherPrograms});
   return false;
 }

@@ -9,9 +9,10 @@
 
 namespace ondrel {
 
-/// Replaces `*bins` by `binCount` + 2 records of zeros. On failure the user is told, with `word`
-/// for the histogram, and `*bins` is null.
-bool ReplaceBins(FrameWindow* frame, std::int64_t binCount, const char* word, BinRecord** bins);
+/// Replaces `*bins` by `binCount` + 2 records of zeros and `*edges` by `binCount` + 1 zeros. On
+/// failure the user is told, with `word` for the histogram, and both are null.
+bool ReplaceBins(FrameWindow* frame, std::int64_t binCount, const char* word, BinRecord** bins,
+                 double** edges);
 
 /// Counts a level whose place on the axis is `x` bins from its left end. The place is truncated
 /// toward zero, so that a level less than one bin below the axis counts in bin 1.

@@ -154,6 +154,7 @@ void InstallViewMenu(FrameWindow* frame, ViewKind view) {
 const MenuOperations kMenuOperations = {
     .InstallViewMenu = InstallViewMenu,
     .InstallDataMenu = InstallDataMenu,
+    .RefreshFitEntries = nullptr,  // FIXME
 };
 
 }  // namespace ondrel

@@ -135,12 +135,17 @@ void SetScrollPositionQuietly(ChildWindow* window, Axis axis, std::int32_t posit
 /// Marks `rect` of the client area to be painted, without erasing it.
 void Invalidate(ChildWindow* window, const IntRect& rect);
 
+/// Takes one key-down message of the window out of the queue, without dispatching anything. False
+/// when none waits.
+bool TakeKeyDown(ChildWindow* window, int* key);
+
 /// Runs until the quit message. Accelerators go to the frame's Command, all else first to its
 /// FilterMessage.
 void RunMessageLoop(FrameWindow* frame);
 
 void SetWaitCursor(bool waiting);
-[[nodiscard]] std::uint32_t TickCount();  // ms
+[[nodiscard]] std::uint32_t TickCount();        // ms
+[[nodiscard]] std::uint32_t DoubleClickTime();  // ms between the presses of a double click, at most
 
 /// The smallest height to which a window can be dragged, by which new views cascade.
 [[nodiscard]] std::int32_t MinimumWindowHeight();
@@ -165,11 +170,25 @@ void RedrawMenuBar(FrameWindow* frame);
 struct FontMetrics {
   std::int32_t Ascent = 0;
   std::int32_t Descent = 0;
+  std::int32_t ExternalLeading = 0;
 };
 
 /// A window's device outside of Paint, to be given back.
 [[nodiscard]] DeviceRecord AcquireDevice(ChildWindow* window);
 void ReleaseDevice(ChildWindow* window, DeviceRecord& device);
+
+/// A picture in memory on which a window's content is drawn out of sight, so that it changes
+/// without flicker.
+struct BufferRecord {
+  DeviceRecord Device;  // what is drawn goes here, in the window's coordinates
+  void* Bitmap = nullptr;
+};
+
+/// A buffer for `rect` of `device`, whose left and top are 0. Without room for it what is drawn
+/// goes to `device` at once.
+[[nodiscard]] BufferRecord BeginBuffer(const DeviceRecord& device, const IntRect& rect);
+/// Shows the buffer and frees it. Nothing may be selected into its device any more.
+void EndBuffer(const DeviceRecord& device, BufferRecord& buffer, const IntRect& rect);
 
 /// Font "Arial" of height 10, baseline text with update of the position, transparent background.
 void SetUpDevice(DeviceRecord& device);
@@ -195,6 +214,9 @@ void LineTo(DeviceRecord& device, std::int32_t x, std::int32_t y);
 void FilledRect(DeviceRecord& device, const IntRect& rect);
 /// The same with nothing inside.
 void HollowRect(DeviceRecord& device, const IntRect& rect);
+/// Stretches the picture `resource` of the program over `rect`. Returns 0; -2 when there is no such
+/// picture; -1 without room to draw it; else the platform's error code.
+[[nodiscard]] std::int32_t DrawImage(DeviceRecord& device, int resource, const IntRect& rect);
 /// At the current position, baseline.
 void DrawTextHere(DeviceRecord& device, const char* text);
 

@@ -25,6 +25,7 @@ enum class ScrollCode : std::int32_t {
 
 /// Codes of the keys that the window layer and the views know, as the platform numbers them.
 enum Key : std::int32_t {
+  kKeyBreak = 0x03,  // Control-Break
   kKeyPageUp = 0x21,
   kKeyPageDown = 0x22,
   kKeyEnd = 0x23,

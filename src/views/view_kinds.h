@@ -18,12 +18,24 @@ struct ViewColorRecord {
 
 struct RecordTable;
 
+/// What a view does with the mouse. Places are client coordinates.
+struct MouseRoutines {
+  void (*Down)(ChildWindow* window, int x, int y);
+  void (*Move)(ChildWindow* window, int x, int y);  // only between Down and Up
+  void (*Up)(ChildWindow* window, int x, int y);
+};
+
 /// What a view does. A kind whose routines do not exist yet cannot be opened.
 struct ViewRoutines {
   /// Draws the whole client area with the device of a paint message.
   void (*Paint)(ChildWindow* window, const DeviceRecord& device);
   /// The table that a scrolling view shows; null for the others.
-  const RecordTable* Scrolled;
+  const RecordTable* Scrolled = nullptr;
+  /// Null for views that take no notice of the mouse.
+  const MouseRoutines* Mouse = nullptr;
+  /// What else changes when the window has come or gone; null: nothing.
+  void (*Opened)(Workspace& workspace) = nullptr;
+  void (*Closed)(Workspace& workspace) = nullptr;
 };
 
 struct ViewKindRecord {

@@ -47,7 +47,19 @@ struct GraphFrame {
 
 inline constexpr std::size_t kMaxColumns = 11;
 
-/// One record serves every kind of view; graphs use `Frame`, tables what follows it.
+/// The mouse on a histogram, from a press to its release. Places are client coordinates.
+struct MouseGesture {
+  std::int32_t PressX = 0;
+  std::int32_t PressY = 0;
+  std::int32_t LastX = 0;  // the last place that was handled
+  std::int32_t LastY = 0;
+  std::int32_t PickedMarker = 0;
+  void (*OnMove)(ChildWindow* window, int x, int y) = nullptr;  // null: nothing to be done
+  void (*OnRelease)(ChildWindow* window, int x, int y) = nullptr;
+};
+
+/// One record serves every kind of view; graphs use `Frame`, histograms `Gesture` too, tables what
+/// follows.
 struct ViewState {
   ChildWindow* Window = nullptr;  // owned while open; null while closed
   IntRect ViewRect;               // last normal place in the frame; degenerate: none yet
@@ -55,6 +67,7 @@ struct ViewState {
   WindowPlacement Placement = WindowPlacement::Normal;
   std::array<RgbColor, kMaxViewColors> Colors{};
   GraphFrame Frame;
+  MouseGesture Gesture;
   std::int32_t TopRow = 0;       // first row on the screen, from 0; -1 after End in an empty table
   std::int32_t VisibleRows = 0;  // whole rows that fit under the header; may be negative
   bool Stepped = false;          // the gesture under way moved TopRow by itself

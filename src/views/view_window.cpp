@@ -85,12 +85,18 @@ void OnScrollDone(WindowRecord* window, Axis axis) {
   if (const RecordTable* table = Scrolled<kKind>(axis)) EndScroll(*window->Owner, *table);
 }
 
+using MouseRoutine = void (*MouseRoutines::*)(ChildWindow*, int, int);
+
+template <ViewKind kKind, MouseRoutine kRoutine>
+void OnMouse(WindowRecord* window, int x, int y) {
+  if (const MouseRoutines* mouse = FactsOf(kKind).Routines->Mouse) (mouse->*kRoutine)(window, x, y);
+}
+
 int OnKeyDown(WindowRecord* window, int key) {
   return HandleScrollKey(window, key);
 }
 
 void IgnoreCommand(WindowRecord*, int, int) {}
-void IgnoreMouse(WindowRecord*, int, int) {}
 void IgnoreEnabled(WindowRecord*, bool) {}
 void IgnoreSlot(WindowRecord*) {}
 void IgnoreChar(WindowRecord*, int) {}
@@ -102,9 +108,9 @@ template <ViewKind kKind>
 constexpr ChildCallbacks kCallbacks = {
     .Created = OnCreated<kKind>,
     .Command = IgnoreCommand,
-    .MouseDown = IgnoreMouse,
-    .MouseMove = IgnoreMouse,
-    .MouseUp = IgnoreMouse,
+    .MouseDown = OnMouse<kKind, &MouseRoutines::Down>,
+    .MouseMove = OnMouse<kKind, &MouseRoutines::Move>,
+    .MouseUp = OnMouse<kKind, &MouseRoutines::Up>,
     .ScrollBegin = OnScrollBegin<kKind>,
     .ScrollLineUp = OnScrollStep<kKind, ScrollStep::LineUp>,
     .ScrollPageUp = OnScrollStep<kKind, ScrollStep::PageUp>,
@@ -187,6 +193,7 @@ void OpenView(FrameWindow* frame, ViewKind kind) {
   if (const RecordTable* table = facts.Routines->Scrolled) {
     RefreshScrollRange(view, table->CountRows(workspace));
   }
+  if (facts.Routines->Opened != nullptr) facts.Routines->Opened(workspace);
   RepaintView(workspace, kind);
 }
 
@@ -198,6 +205,8 @@ void DestroyView(Workspace& workspace, ViewKind kind) {
   FreeCallbacks(callbacks);
   view.Window = nullptr;
   view.NeedsRebuild = false;
+  const ViewRoutines* routines = FactsOf(kind).Routines;
+  if (routines != nullptr && routines->Closed != nullptr) routines->Closed(workspace);
 }
 
 void RepaintView(Workspace& workspace, ViewKind kind) {

@@ -20,6 +20,9 @@ enum class TextId : int {
   TooManyFiles = 322,
   NotConsistent = 323,
   ReduceEntries = 324,
+  TooManyIterations = 325,
+  TermsOutOfRange = 329,
+  FitAborted = 330,
   ImportErasesEvents = 331,
   ImportDoesNotMatch = 332,
 };

@@ -46,13 +46,16 @@ void FreeStatistics(StatisticsTable& statistics) {
 template <typename Histogram>
 void FreeBins(Histogram& histogram) {
   toolkit::FreeMemory(histogram.Bins);
+  toolkit::FreeMemory(histogram.Edges);
   histogram.Bins = nullptr;
+  histogram.Edges = nullptr;
 }
 
 template <typename Histogram>
 void ResetHistogram(Histogram& histogram) {
   Histogram defaults;
   defaults.Bins = histogram.Bins;
+  defaults.Edges = histogram.Edges;
   histogram = defaults;
 }
 
@@ -64,6 +67,7 @@ void ResetGeneral(Workspace& workspace) {
   const Workspace defaults;
   workspace.SkipStartupDialog = defaults.SkipStartupDialog;
   workspace.LastClickTime = toolkit::TickCount();
+  workspace.ClickKind = defaults.ClickKind;
   workspace.LineSearchLimit = defaults.LineSearchLimit;
   workspace.LimitToWindow = defaults.LimitToWindow;
   workspace.FontSize = defaults.FontSize;

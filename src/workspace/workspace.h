@@ -7,6 +7,7 @@
 
 #include "derived/plot_settings.h"
 #include "derived/statistics_table.h"
+#include "fit/fit_operations.h"
 #include "fit/histogram_records.h"
 #include "output/graphics_sink.h"
 #include "shell/window_record.h"
@@ -20,8 +21,12 @@ namespace ondrel {
 struct MenuOperations {
   void (*InstallViewMenu)(FrameWindow* frame, ViewKind view);
   void (*InstallDataMenu)(FrameWindow* frame);
+  /// Greys and enables "&Automatic Fit" anew: a view with the parameters of a fit came or went.
+  void (*RefreshFitEntries)(FrameWindow* frame);
 };
 
+/// What a press of the mouse on a histogram is.
+enum class ClickChoice : std::uint8_t { SecondOfDouble = 0, Single = 1 };
 enum class LevelFileChoice : std::uint8_t { Qub, Ond };
 enum class ExportChoice : std::uint8_t { Illustrator, Clipboard, Eps, Metafile };
 enum class TextExportChoice : std::uint8_t { Excel, Igor };
@@ -29,8 +34,9 @@ enum class TextExportChoice : std::uint8_t { Excel, Igor };
 struct Workspace {
   double ScreenDpi = 0.0;
   bool SkipStartupDialog = false;
-  std::uint32_t LastClickTime = 0;  // ms, of the last press on a histogram
-  std::int32_t LineSearchLimit = 20;
+  std::uint32_t LastClickTime = 0;  // ms, of the last press on either histogram
+  ClickChoice ClickKind = ClickChoice::Single;
+  std::int32_t LineSearchLimit = 20;  // iterations; the last fit's limit
   bool LimitToWindow = true;
   std::int32_t FontSize = 10;       // points
   double PenSize = 0.25;            // points
@@ -39,6 +45,10 @@ struct Workspace {
   LevelFileChoice LevelFileType = LevelFileChoice::Ond;
   ExportChoice ExportType = ExportChoice::Illustrator;
   TextExportChoice TextExportType = TextExportChoice::Excel;
+
+  FitOperations DurationModel{};
+  FitOperations AmplitudeModel{};
+  FitDisplay LiveDisplay{};
 
   GraphicsSink ScreenSink{};
   GraphicsContext Graphics;

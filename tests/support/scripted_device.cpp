@@ -64,7 +64,9 @@ std::int32_t CharWidth(std::int32_t fontHeight) {
 }
 
 toolkit::FontMetrics MetricsOf(std::int32_t fontHeight) {
-  return {.Ascent = fontHeight - fontHeight / 4, .Descent = fontHeight / 4};
+  return {.Ascent = fontHeight - fontHeight / 4,
+          .Descent = fontHeight / 4,
+          .ExternalLeading = TheShell().ExternalLeading};
 }
 
 }  // namespace ondrel::scripted
@@ -82,6 +84,17 @@ void ReleaseDevice(ChildWindow*, DeviceRecord& device) {
   --TheShell().OpenDevices;
   delete static_cast<Device*>(device.Dc);
   device.Dc = nullptr;
+}
+
+BufferRecord BeginBuffer(const DeviceRecord&, const IntRect&) {
+  BufferRecord buffer;
+  buffer.Device = AcquireDevice(nullptr);
+  return buffer;
+}
+
+void EndBuffer(const DeviceRecord&, BufferRecord& buffer, const IntRect& rect) {
+  Draw("show " + Text(rect));
+  ReleaseDevice(nullptr, buffer.Device);
 }
 
 void SetUpDevice(DeviceRecord& device) {
@@ -146,6 +159,12 @@ void FilledRect(DeviceRecord&, const IntRect& rect) {
 }
 void HollowRect(DeviceRecord&, const IntRect& rect) {
   Draw("hollow rect " + Text(rect));
+}
+
+std::int32_t DrawImage(DeviceRecord&, int resource, const IntRect& rect) {
+  if (TheShell().ImageError != 0) return TheShell().ImageError;
+  Draw("image " + std::to_string(resource) + " " + Text(rect));
+  return 0;
 }
 
 void DrawTextHere(DeviceRecord& device, const char* text) {

@@ -68,6 +68,9 @@ void SetWaitCursor(bool waiting) {
   ++TheShell().WaitCursorChanges;
 }
 
+std::uint32_t DoubleClickTime() {
+  return TheShell().DoubleClickTime;
+}
 std::uint32_t TickCount() {
   return TheShell().Ticks;
 }

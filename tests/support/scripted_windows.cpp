@@ -220,6 +220,14 @@ void Invalidate(ChildWindow* window, const IntRect& rect) {
   WindowOf(window).Invalidated.push_back(rect);
 }
 
+bool TakeKeyDown(ChildWindow* window, int* key) {
+  std::deque<int>& keys = TheShell().Keys;
+  if (ActiveChild(nullptr) != window || keys.empty()) return false;
+  *key = keys.front();
+  keys.pop_front();
+  return true;
+}
+
 void RunMessageLoop(FrameWindow* frame) {
   if (TheShell().Loop) TheShell().Loop(frame);
 }

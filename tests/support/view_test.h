@@ -70,7 +70,9 @@ class ViewTest : public ShellTest {
 
   ViewTest() {
     ResetViews(workspace());
-    workspace().Menus = {.InstallViewMenu = NoteViewMenu, .InstallDataMenu = NoteDataMenu};
+    workspace().Menus = {.InstallViewMenu = NoteViewMenu,
+                         .InstallDataMenu = NoteDataMenu,
+                         .RefreshFitEntries = NoteFitEntries};
   }
 
   ~ViewTest() override { CloseViews(workspace()); }
@@ -144,6 +146,9 @@ class ViewTest : public ShellTest {
   }
   static void NoteDataMenu(FrameWindow*) {
     scripted::TheShell().Windows.push_back("menu of no view");
+  }
+  static void NoteFitEntries(FrameWindow*) {
+    scripted::TheShell().Windows.push_back("fit entries");
   }
 
   template <typename Record, typename Table>

@@ -284,7 +284,8 @@ FrameWindow* theMenusFrame = nullptr;
 TEST_F(ViewWindowTest, TheMenuIsTheFrames) {
   workspace().Menus = {
       .InstallViewMenu = [](FrameWindow* frame, ViewKind) { theMenusFrame = frame; },
-      .InstallDataMenu = [](FrameWindow* frame) { theMenusFrame = frame; }};
+      .InstallDataMenu = [](FrameWindow* frame) { theMenusFrame = frame; },
+      .RefreshFitEntries = [](FrameWindow*) {}};
   ChildWindow* window = Open(ViewKind::Event);
   for (const bool active : {true, false}) {
     theMenusFrame = nullptr;

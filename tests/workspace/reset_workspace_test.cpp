@@ -28,7 +28,9 @@ class ResetWorkspaceTest : public ShellTest, public ::testing::WithParamInterfac
     Empty(workspace().Sweeps);
     Empty(workspace().Files);
     workspace().Amplitude.Bins = nullptr;
+    workspace().Amplitude.Edges = nullptr;
     workspace().Duration.Bins = nullptr;
+    workspace().Duration.Edges = nullptr;
     shell().Ticks = 4711;
     ResetWorkspace(workspace());
   }

@@ -89,7 +89,8 @@ FontMetrics MeasureFont(const DeviceRecord& device) {
   TEXTMETRICA metrics{};
   GetTextMetricsA(DcOf(device), &metrics);
   return {.Ascent = static_cast<std::int32_t>(metrics.tmAscent),
-          .Descent = static_cast<std::int32_t>(metrics.tmDescent)};
+          .Descent = static_cast<std::int32_t>(metrics.tmDescent),
+          .ExternalLeading = static_cast<std::int32_t>(metrics.tmExternalLeading)};
 }
 
 std::int32_t TextWidth(const DeviceRecord& device, const char* text) {

@@ -1,4 +1,4 @@
-// The one message loop of the program.
+// The one message loop of the program, and what a fit takes past it.
 #include "resources/resource_ids.h"
 #include "shell/toolkit.h"
 #include "shell/win32/win32.h"
@@ -13,6 +13,15 @@ bool IsTaken(FrameWindow* frame, HACCEL accelerators, MSG& message) {
 }
 
 }  // namespace
+
+bool TakeKeyDown(ChildWindow* window, int* key) {
+  MSG message{};
+  if (PeekMessageA(&message, win32::HandleOf(window), WM_KEYDOWN, WM_KEYDOWN, PM_REMOVE) == FALSE) {
+    return false;
+  }
+  *key = static_cast<int>(message.wParam);
+  return true;
+}
 
 void RunMessageLoop(FrameWindow* frame) {
   HWND window = win32::HandleOf(frame);

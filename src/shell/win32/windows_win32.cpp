@@ -92,6 +92,10 @@ std::uint32_t TickCount() {
   return GetTickCount();
 }
 
+std::uint32_t DoubleClickTime() {
+  return GetDoubleClickTime();
+}
+
 std::int32_t MinimumWindowHeight() {
   return GetSystemMetrics(SM_CYMINTRACK);
 }

@@ -1,0 +1,57 @@
+// Minimisation along one direction after the other without derivatives (Powell 1964), each line by
+// a bracket of golden-ratio steps and Brent's method (Brent 1973), with this program's departures
+// from the textbook.
+#pragma once
+
+#include <cstdint>
+
+#include "fit/fit_operations.h"
+#include "workspace/workspace.h"
+
+namespace ondrel {
+
+/// A line through `Point` along `Direction`, on which positions are steps in units of the
+/// direction.
+struct SearchLine {
+  const Workspace& Root;
+  const FitOperations& Operations;
+  const ParameterVector& Point;
+  const ParameterVector& Direction;
+  std::int32_t Count;
+};
+
+/// Three positions on a line, B between A and C, and the values there.
+struct Bracket {
+  double A = 0.0;
+  double B = 1.0;
+  double C = 0.0;
+  double ValueA = 0.0;
+  double ValueB = 0.0;
+  double ValueC = 0.0;
+};
+
+struct LinePoint {
+  double Step = 0.0;
+  double Value = 0.0;
+};
+
+/// The objective at a position of the line, with the weights normalised; 1000000.0 where a sign
+/// constraint is broken.
+double LineValue(const SearchLine& line, double step);
+
+/// Goes downhill from the bracket's A and B until the value at C is not below that at B. The
+/// bracket comes out with its values.
+void BracketMinimum(const SearchLine& line, Bracket& bracket);
+
+/// The lowest point found inside a bracket. `iterations` limits the search; running out of them is
+/// no failure.
+LinePoint BrentMinimise(const SearchLine& line, const Bracket& bracket, double relativeTolerance,
+                        std::int32_t iterations);
+
+/// Moves `point` along `direction` to the best step, at most `LineSearchLimit` iterations of the
+/// workspace, scales `direction` by that step, and puts the value there into `value`.
+void LineMinimise(const Workspace& workspace, const FitOperations& operations,
+                  ParameterVector& point, ParameterVector& direction, std::int32_t count,
+                  double& value);
+
+}  // namespace ondrel

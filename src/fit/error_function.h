@@ -1,0 +1,12 @@
+// Two error functions: an accurate one for the likelihood, a cheaper one for the scale of a curve.
+#pragma once
+
+namespace ondrel {
+
+/// 1 - erf(x), to about 1e-14 of its value on either side of 0.
+double ComplementaryErf(double x);
+
+/// erf(x) to 2.5e-5 (Abramowitz and Stegun 7.1.25).
+double CoarseErf(double x);
+
+}  // namespace ondrel

@@ -1,0 +1,70 @@
+// Pictures: what is drawn out of sight and then shown at once, and those of the resources.
+#include "shell/toolkit.h"
+#include "shell/win32/win32.h"
+
+namespace ondrel::toolkit {
+namespace {
+
+HBITMAP BitmapOf(const BufferRecord& buffer) {
+  return static_cast<HBITMAP>(buffer.Bitmap);
+}
+
+/// With the bitmap selected into a device context in memory.
+std::int32_t StretchOver(HDC target, HDC memory, HBITMAP bitmap, const IntRect& rect) {
+  BITMAP facts{};
+  GetObjectA(bitmap, sizeof(facts), &facts);
+  SetStretchBltMode(target, HALFTONE);
+  SetBrushOrgEx(target, 0, 0, nullptr);
+  if (StretchBlt(target, rect.Left, rect.Top, Width(rect), Height(rect), memory, 0, 0,
+                 facts.bmWidth, facts.bmHeight, SRCCOPY) != FALSE) {
+    return 0;
+  }
+  return win32::LastError();
+}
+
+}  // namespace
+
+BufferRecord BeginBuffer(const DeviceRecord& device, const IntRect& rect) {
+  BufferRecord buffer{device, nullptr};
+  HDC target = win32::DcOf(device);
+  HDC memory = CreateCompatibleDC(target);
+  HBITMAP bitmap = CreateCompatibleBitmap(target, rect.Right, rect.Bottom);
+  if (memory == nullptr || bitmap == nullptr) {
+    if (bitmap != nullptr) DeleteObject(bitmap);
+    if (memory != nullptr) DeleteDC(memory);
+    return buffer;
+  }
+  SelectObject(memory, bitmap);
+  buffer.Device = {.Dc = memory};
+  buffer.Bitmap = bitmap;
+  return buffer;
+}
+
+void EndBuffer(const DeviceRecord& device, BufferRecord& buffer, const IntRect& rect) {
+  if (buffer.Bitmap == nullptr) return;
+  HDC memory = win32::DcOf(buffer.Device);
+  BitBlt(win32::DcOf(device), 0, 0, rect.Right, rect.Bottom, memory, 0, 0, SRCCOPY);
+  DeleteDC(memory);
+  DeleteObject(BitmapOf(buffer));
+  buffer = {};
+}
+
+std::int32_t DrawImage(DeviceRecord& device, int resource, const IntRect& rect) {
+  constexpr std::int32_t kNoMemory = -1;
+  constexpr std::int32_t kNotLoaded = -2;
+  auto* bitmap = static_cast<HBITMAP>(LoadImageA(win32::Module(), MAKEINTRESOURCEA(resource),
+                                                 IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
+  if (bitmap == nullptr) return kNotLoaded;
+  HDC memory = CreateCompatibleDC(win32::DcOf(device));
+  std::int32_t error = kNoMemory;
+  if (memory != nullptr) {
+    HGDIOBJ former = SelectObject(memory, bitmap);
+    error = StretchOver(win32::DcOf(device), memory, bitmap, rect);
+    SelectObject(memory, former);
+    DeleteDC(memory);
+  }
+  DeleteObject(bitmap);
+  return error;
+}
+
+}  // namespace ondrel::toolkit
