@@ -26,6 +26,7 @@ struct BenchData {
   std::string Version5;                 // the recording as it is saved
   std::string BareList;                 // the same events without anything else
   std::vector<double> Values;           // what the baseline last read
+  double BaselineSum = 0.0;             // of its evaluations of an objective
   const std::string* Loaded = nullptr;  // the text whose events are in the tables
   char* Block = nullptr;                // a copy of the text for the reader to take apart and free
   std::unique_ptr<Workspace> Tables = std::make_unique<Workspace>();
@@ -35,7 +36,7 @@ struct BenchData {
 /// One thing to measure, and the plainest way to do the like.
 struct BenchCase {
   const char* Name;
-  std::size_t (*Bytes)(const BenchData& data);  // that either goes through
+  std::size_t (*Bytes)(const BenchData& data);  // that either goes through; null: not counted
   void (*Prepare)(BenchData& data);             // before each product run, not timed
   void (*Baseline)(BenchData& data);
   void (*Product)(BenchData& data);

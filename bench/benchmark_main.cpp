@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "derive_cases.h"
+#include "fit_cases.h"
 #include "read_cases.h"
 
 namespace ondrel::bench {
@@ -40,9 +41,11 @@ void RunCase(benchmark::State& state, const BenchCase& benchCase) {
     state.SetIterationTime(product.back());
   }
   if (!benchCase.Check(data)) state.SkipWithError("the result is wrong");
-  const double megabytes = static_cast<double>(benchCase.Bytes(data)) / 1e6;
-  state.counters["MB/s"] = megabytes / Median(product);
-  state.counters["baseline MB/s"] = megabytes / Median(baseline);
+  if (benchCase.Bytes != nullptr) {
+    const double megabytes = static_cast<double>(benchCase.Bytes(data)) / 1e6;
+    state.counters["MB/s"] = megabytes / Median(product);
+    state.counters["baseline MB/s"] = megabytes / Median(baseline);
+  }
   state.counters["ratio"] = Median(baseline) / Median(product);
 }
 
@@ -63,6 +66,7 @@ int main(int argc, char** argv) {
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   ondrel::bench::RegisterAll(ondrel::bench::ReadCases());
   ondrel::bench::RegisterAll(ondrel::bench::DeriveCases());
+  ondrel::bench::RegisterAll(ondrel::bench::FitCases());
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
   return 0;

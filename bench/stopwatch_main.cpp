@@ -1,12 +1,15 @@
 // The cases with a stopwatch, for builds without Google Benchmark. Baseline and product take turns
-// and the medians are compared. Returns 1 when a result is wrong.
+// and the medians are compared. Returns 1 when a result is wrong. An argument limits the run to the
+// cases whose name holds it.
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <cstring>
 #include <memory>
 
 #include "derive_cases.h"
+#include "fit_cases.h"
 #include "read_cases.h"
 
 namespace ondrel::bench {
@@ -36,27 +39,36 @@ bool RunCase(BenchData& data, const BenchCase& benchCase) {
     product[turn] = Seconds(benchCase.Product, data);
   }
   const bool right = benchCase.Check(data);
-  const double megabytes = static_cast<double>(benchCase.Bytes(data)) / 1e6;
-  std::printf("%-24s %8.2f ms %8.1f MB/s   baseline %8.1f MB/s   ratio %6.2f   %s\n",
-              benchCase.Name, 1e3 * Median(product), megabytes / Median(product),
-              megabytes / Median(baseline), Median(baseline) / Median(product),
-              right ? "right" : "WRONG");
+  std::printf("%-34s %9.3f ms   baseline %9.3f ms   ratio %6.2f   ", benchCase.Name,
+              1e3 * Median(product), 1e3 * Median(baseline), Median(baseline) / Median(product));
+  if (benchCase.Bytes != nullptr) {
+    const double megabytes = static_cast<double>(benchCase.Bytes(data)) / 1e6;
+    std::printf("%8.1f MB/s   ", megabytes / Median(product));
+  }
+  std::printf("%s\n", right ? "right" : "WRONG");
   std::fflush(stdout);
   return right;
 }
 
-bool RunAll(BenchData& data, std::span<const BenchCase> cases) {
+/// The cases whose name holds `part`.
+bool RunAll(BenchData& data, std::span<const BenchCase> cases, const char* part) {
   bool right = true;
-  for (const BenchCase& benchCase : cases) right = RunCase(data, benchCase) && right;
+  for (const BenchCase& benchCase : cases) {
+    if (std::strstr(benchCase.Name, part) != nullptr) right = RunCase(data, benchCase) && right;
+  }
   return right;
 }
 
 }  // namespace
 }  // namespace ondrel::bench
 
-int main() {
+int main(int argc, char** argv) {
   using namespace ondrel::bench;
+  const char* part = argc > 1 ? argv[1] : "";
   const auto data = std::make_unique<BenchData>();
-  const bool right = RunAll(*data, ReadCases());
-  return RunAll(*data, DeriveCases()) && right ? 0 : 1;
+  bool right = true;
+  for (const auto cases : {ReadCases(), DeriveCases(), FitCases()}) {
+    right = RunAll(*data, cases, part) && right;
+  }
+  return right ? 0 : 1;
 }

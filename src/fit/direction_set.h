@@ -20,31 +20,29 @@ struct SearchLine {
   std::int32_t Count;
 };
 
-/// Three positions on a line, B between A and C, and the values there.
-struct Bracket {
-  double A = 0.0;
-  double B = 1.0;
-  double C = 0.0;
-  double ValueA = 0.0;
-  double ValueB = 0.0;
-  double ValueC = 0.0;
-};
-
+/// A position on a line and the value there.
 struct LinePoint {
   double Step = 0.0;
   double Value = 0.0;
+};
+
+/// Three points of a line. The outer ones need not be in order.
+struct Bracket {
+  LinePoint A{.Step = 0.0};
+  LinePoint B{.Step = 1.0};
+  LinePoint C;
 };
 
 /// The objective at a position of the line, with the weights normalised; 1000000.0 where a sign
 /// constraint is broken.
 double LineValue(const SearchLine& line, double step);
 
-/// Goes downhill from the bracket's A and B until the value at C is not below that at B. The
-/// bracket comes out with its values.
+/// Goes downhill from the steps of the bracket's A and B until the value at C is not below that at
+/// B; what else the bracket holds is written anew. It also ends when the objective falls for ever.
 void BracketMinimum(const SearchLine& line, Bracket& bracket);
 
 /// The lowest point found inside a bracket. `iterations` limits the search; running out of them is
-/// no failure.
+/// no failure. Besides `relativeTolerance`, steps below 1e-10 are not resolved.
 LinePoint BrentMinimise(const SearchLine& line, const Bracket& bracket, double relativeTolerance,
                         std::int32_t iterations);
 

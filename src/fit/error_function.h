@@ -3,7 +3,7 @@
 
 namespace ondrel {
 
-/// 1 - erf(x), to about 1e-14 of its value on either side of 0.
+/// 1 - erf(x), to 5e-16. Of a small value far out on the right the leading digits alone are true.
 double ComplementaryErf(double x);
 
 /// erf(x) to 2.5e-5 (Abramowitz and Stegun 7.1.25).

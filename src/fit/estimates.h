@@ -1,4 +1,5 @@
 // Terms as estimates: added, removed and changed by places in a view, in device units of its frame.
+// A place that gives no number, as in a window without room for a plot, changes nothing.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +13,10 @@ namespace ondrel {
 void NormaliseFromAreas(AmplitudeHistogram& histogram);
 void NormaliseFromAreas(DurationHistogram& histogram);
 
-/// A new term of no height at `x`, with the next marker. There must be a free slot.
+// The weights follow the areas in all of the next seven.
+
+/// A new term of no height at `x`, with the next marker, which has no place before the histogram is
+/// drawn. There must be a free slot for each.
 void AddTerm(AmplitudeHistogram& histogram, const GraphFrame& frame, double x);
 void AddTerm(DurationHistogram& histogram, const GraphFrame& frame, double x);
 
@@ -20,16 +24,17 @@ void AddTerm(DurationHistogram& histogram, const GraphFrame& frame, double x);
 void RemoveTerm(AmplitudeHistogram& histogram, std::int32_t marker);
 void RemoveTerm(DurationHistogram& histogram, std::int32_t marker);
 
-/// The terms' ways from a place in the view: `x` and `y` are the centre of the peak's handle.
+/// Puts the peak of the term to `x`, `rise` above the axis; below it when negative.
 void MovePeak(AmplitudeHistogram& histogram, const GraphFrame& frame, std::int32_t term, double x,
-              double y);
+              double rise);
 void MovePeak(DurationHistogram& histogram, const GraphFrame& frame, std::int32_t term, double x,
-              double y);
+              double rise);
 
-/// The width bar of the term ends at `x`. The height of the peak stays.
+/// Has the bar that shows the term's width end at `x`, to the right of the peak. The height of the
+/// peak stays.
 void MoveWidth(AmplitudeHistogram& histogram, const GraphFrame& frame, std::int32_t term, double x);
 
-/// What a first estimate is set to when the user begins to work on a fit.
+/// What the first estimate is set to when the user begins to work on a fit. The other terms stay.
 void ResetFirstTerm(AmplitudeHistogram& histogram);
 void ResetFirstTerm(DurationHistogram& histogram);
 

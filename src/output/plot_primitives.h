@@ -2,6 +2,7 @@
 // of several slots is composed here, once.
 #pragma once
 
+#include "fit/histogram_records.h"
 #include "output/graphics_sink.h"
 
 namespace ondrel {
@@ -17,6 +18,16 @@ inline bool HasFailed(const Drawing& drawing) {
   return drawing.Context.Status != 0;
 }
 
+/// Whether `position` lies past `edge`, both in device units. What rounding in the last digits has
+/// moved does not.
+inline bool LiesBeyond(double position, double edge) {
+  constexpr double kRounding = 1e-6;
+  return position - edge > kRounding;
+}
+
+/// Above 0 where bins are to be whole device units wide.
+double GetPixelSnap(const Drawing& drawing);
+
 /// Colour of what is filled: text and bars.
 void SetFillColor(const Drawing& drawing, const RgbColor& color);
 /// Colour of what is stroked: axes, outlines and curves.
@@ -29,5 +40,24 @@ void SetClip(const Drawing& drawing, const IntRect& rect);
 void DrawTextFrom(const Drawing& drawing, double x, double y, const char* text);
 /// Text on the baseline `y` that ends at `x`.
 void DrawTextUpTo(const Drawing& drawing, double x, double y, const char* text);
+/// Text on the baseline `y` with its middle at `x`, by its width in the font of the context's
+/// device.
+void DrawTextCentredAt(const Drawing& drawing, double x, double y, const char* text);
+
+void DrawLine(const Drawing& drawing, double x1, double y1, double x2, double y2);
+/// A hollow rectangle. Returns its edges truncated.
+IntRect DrawRect(const Drawing& drawing, double x1, double y1, double x2, double y2);
+
+/// The bars of a histogram in its style, in a plot with these edges. `bins` is indexed from 1, and
+/// the bin fields of the context say how many there are and how wide and high they are drawn.
+void DrawBars(const Drawing& drawing, HistogramStyle style, double left, double base, double right,
+              double top, const BinRecord* bins);
+
+/// The curve of the terms from `firstTerm` up to but not including `endTerm`, in a plot that begins
+/// at `left`. The context says how many bins a duration histogram has.
+void DrawAmplitudeCurve(const Drawing& drawing, const AmplitudeHistogram& fit, double left,
+                        double top, double base, std::int32_t firstTerm, std::int32_t endTerm);
+void DrawDurationCurve(const Drawing& drawing, const DurationHistogram& fit, double left,
+                       double top, double base, std::int32_t firstTerm, std::int32_t endTerm);
 
 }  // namespace ondrel

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "output/bar_geometry.h"
+#include "output/curve_points.h"
 #include "shell/toolkit.h"
 #include "workspace/truncate.h"
 
@@ -10,6 +12,9 @@ namespace {
 
 /// Devices of the platform's older lines take coordinates of 16 bits.
 constexpr std::int32_t kFarthestCoordinate = 32000;
+
+/// Where the skyline of a histogram ends, at the farthest.
+constexpr double kFarthestOutline = 65535.0;
 
 std::int32_t PathCoordinate(double value) {
   return std::clamp(TruncateToInteger(value), -kFarthestCoordinate, kFarthestCoordinate);
@@ -20,9 +25,16 @@ IntRect TruncateRect(double left, double top, double right, double bottom) {
           TruncateToInteger(bottom)};
 }
 
+void MoveToPoint(GraphicsContext& context, double x, double y) {
+  toolkit::MoveTo(context.Device, TruncateToInteger(x), TruncateToInteger(y));
+}
+void LineToPoint(GraphicsContext& context, double x, double y) {
+  toolkit::LineTo(context.Device, TruncateToInteger(x), TruncateToInteger(y));
+}
+
 void ScreenDrawLine(GraphicsContext& context, double x1, double y1, double x2, double y2) {
-  toolkit::MoveTo(context.Device, TruncateToInteger(x1), TruncateToInteger(y1));
-  toolkit::LineTo(context.Device, TruncateToInteger(x2), TruncateToInteger(y2));
+  MoveToPoint(context, x1, y1);
+  LineToPoint(context, x2, y2);
 }
 
 void ScreenMoveTo(GraphicsContext& context, double x, double y) {
@@ -42,17 +54,60 @@ void ScreenDrawText(GraphicsContext& context, double x, double y, TextAlignment 
   toolkit::DrawTextHere(context.Device, text);
 }
 
-// Bars and curves belong to the histogram views; no view that exists asks for them.
-void ScreenDrawNoBars(GraphicsContext&, double, double, double, double, const BinRecord*) {}
-void ScreenDrawNoDurationCurve(GraphicsContext&, const DurationHistogram&, double, double, double,
-                               std::int32_t, std::int32_t) {}
-void ScreenDrawNoAmplitudeCurve(GraphicsContext&, const AmplitudeHistogram&, double, double, double,
-                                std::int32_t, std::int32_t) {}
-
 IntRect ScreenDrawRect(GraphicsContext& context, double x1, double y1, double x2, double y2) {
   const IntRect rect = TruncateRect(x1, y1, x2, y2);
   toolkit::HollowRect(context.Device, rect);
   return rect;
+}
+
+void ScreenDrawFilledBars(GraphicsContext& context, double left, double base, double right,
+                          double top, const BinRecord* bins) {
+  ForEachBar(context, {left, base, right, top}, bins, [&](const BarRecord& bar) {
+    toolkit::FilledRect(context.Device, TruncateRect(bar.Left, bar.Top, bar.Right, base));
+  });
+}
+
+void ScreenDrawBarRectangles(GraphicsContext& context, double left, double base, double right,
+                             double top, const BinRecord* bins) {
+  ForEachBar(context, {left, base, right, top}, bins, [&](const BarRecord& bar) {
+    toolkit::HollowRect(context.Device, TruncateRect(bar.Left, bar.Top, bar.Right, base));
+  });
+}
+
+void ScreenDrawBarOutline(GraphicsContext& context, double left, double base, double right,
+                          double top, const BinRecord* bins) {
+  base = std::min(base, kFarthestOutline);
+  right = std::min(right, kFarthestOutline);
+  MoveToPoint(context, left, base);
+  const double end = ForEachBar(context, {left, base, right, top}, bins, [&](const BarRecord& bar) {
+    LineToPoint(context, bar.Left, bar.Top);
+    LineToPoint(context, bar.Right, bar.Top);
+  });
+  LineToPoint(context, end, base);
+}
+
+/// Only what follows the first point is limited in height.
+void DrawCurvePoint(GraphicsContext& context, const CurvePoint& point) {
+  if (point.Begins) {
+    MoveToPoint(context, point.X, point.Y);
+    return;
+  }
+  toolkit::LineTo(context.Device, TruncateToInteger(point.X), PathCoordinate(point.Y));
+}
+
+void ScreenDrawDurationCurve(GraphicsContext& context, const DurationHistogram& fit, double x0,
+                             double top, double base, std::int32_t firstTerm,
+                             std::int32_t endTerm) {
+  ForEachCurvePoint(fit, {x0, top, base, firstTerm, endTerm}, context.BinCount,
+                    [&](const CurvePoint& point) { DrawCurvePoint(context, point); });
+}
+
+// The twins count their points by themselves: this one's does not come from the context.
+void ScreenDrawAmplitudeCurve(GraphicsContext& context, const AmplitudeHistogram& fit, double x0,
+                              double top, double base, std::int32_t firstTerm,
+                              std::int32_t endTerm) {
+  ForEachCurvePoint(fit, {x0, top, base, firstTerm, endTerm}, CountBins(fit),
+                    [&](const CurvePoint& point) { DrawCurvePoint(context, point); });
 }
 
 void ScreenDrawDot(GraphicsContext& context, double y, double x, double size) {
@@ -84,12 +139,12 @@ const GraphicsSink kScreenSink = {
     .LineTo = ScreenLineTo,
     .StrokePath = ScreenStrokePath,
     .DrawText = ScreenDrawText,
-    .DrawFilledBars = ScreenDrawNoBars,
-    .DrawBarRectangles = ScreenDrawNoBars,
-    .DrawBarOutline = ScreenDrawNoBars,
+    .DrawFilledBars = ScreenDrawFilledBars,
+    .DrawBarRectangles = ScreenDrawBarRectangles,
+    .DrawBarOutline = ScreenDrawBarOutline,
     .DrawRect = ScreenDrawRect,
-    .DrawDurationCurve = ScreenDrawNoDurationCurve,
-    .DrawAmplitudeCurve = ScreenDrawNoAmplitudeCurve,
+    .DrawDurationCurve = ScreenDrawDurationCurve,
+    .DrawAmplitudeCurve = ScreenDrawAmplitudeCurve,
     .DrawDot = ScreenDrawDot,
     .SetColor = ScreenSetColor,
     .SetClip = ScreenSetClip,

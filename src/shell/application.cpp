@@ -2,12 +2,14 @@
 
 #include <new>
 
+#include "fit/fit_models.h"
 #include "shell/commands.h"
 #include "shell/file_commands.h"
 #include "shell/file_settings_dialog.h"
 #include "shell/menus.h"
 #include "shell/toolkit.h"
 #include "views/all_views.h"
+#include "views/live_fit.h"
 #include "workspace/report.h"
 #include "workspace/workspace.h"
 
@@ -96,6 +98,14 @@ Run AllocateRun() {
   return run;
 }
 
+/// The tables of functions through which the floors below reach those above, and the two models.
+void FillOperations(Workspace& workspace) {
+  workspace.Menus = kMenuOperations;
+  workspace.LiveDisplay = kLiveDisplay;
+  workspace.AmplitudeModel = kAmplitudeModel;
+  workspace.DurationModel = kDurationModel;
+}
+
 /// Moving and sizing report a normal state, which is not what the user left behind.
 void PlaceFrame(FrameWindow* frame, const IntRect& place) {
   Workspace& workspace = *frame->Owner;
@@ -146,7 +156,7 @@ int RunApplication(void* instance) {
   if (run.Workspace != nullptr && run.Callbacks != nullptr) {
     ResetWorkspace(*run.Workspace);
     ResetViews(*run.Workspace);
-    run.Workspace->Menus = kMenuOperations;
+    FillOperations(*run.Workspace);
     run.Workspace->Instance = instance;
     result = RunFrame(*run.Workspace, *run.Callbacks);
   }

@@ -29,6 +29,12 @@ inline constexpr CommandId kLevelView = 52487;
 inline constexpr CommandId kStationarityView = 52488;
 inline constexpr CommandId kStatisticsView = 52489;
 inline constexpr CommandId kSweepView = 52490;
+inline constexpr CommandId kAmplitudeAutoscale = 53249;
+inline constexpr CommandId kAmplitudeManualFit = 53254;
+inline constexpr CommandId kAmplitudeAutomaticFit = 53255;
+inline constexpr CommandId kDurationAutoscale = 53505;
+inline constexpr CommandId kDurationManualFit = 53511;
+inline constexpr CommandId kDurationAutomaticFit = 53512;
 inline constexpr CommandId kAbout = 55297;
 
 }  // namespace ondrel::command

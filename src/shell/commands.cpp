@@ -1,13 +1,16 @@
 #include "shell/commands.h"
 
 #include "derived/derived_chain.h"
+#include "fit/fit_driver.h"
 #include "shell/application.h"
 #include "shell/color_commands.h"
 #include "shell/command_ids.h"
 #include "shell/file_commands.h"
 #include "shell/file_settings_dialog.h"
+#include "shell/histogram_commands.h"
 #include "shell/menus.h"
 #include "views/all_views.h"
+#include "views/fit_views.h"
 #include "views/view_window.h"
 #include "workspace/report.h"
 #include "workspace/workspace.h"
@@ -43,10 +46,18 @@ constexpr CommandRecord kCommands[] = {
     {command::kFileSettings, FileSettingsCommand},
     {command::kExit, ExitCommand},
     {command::kResetFilters, ResetCommand},
+    {command::kAmplitudeView, ViewCommand<ViewKind::Amplitude>},
+    {command::kDurationView, ViewCommand<ViewKind::Duration>},
     {command::kEventView, ViewCommand<ViewKind::Event>},
     {command::kLevelView, ViewCommand<ViewKind::Level>},
     {command::kStatisticsView, ViewCommand<ViewKind::Statistics>},
     {command::kSweepView, ViewCommand<ViewKind::Sweep>},
+    {command::kAmplitudeAutoscale, AutoscaleAmplitudeCommand},
+    {command::kAmplitudeManualFit, ManualAmplitudeFit},
+    {command::kAmplitudeAutomaticFit, FitAmplitude},
+    {command::kDurationAutoscale, AutoscaleDurationCommand},
+    {command::kDurationManualFit, ManualDurationFit},
+    {command::kDurationAutomaticFit, FitDuration},
     {command::kAbout, AboutCommand},
 };
 
@@ -61,7 +72,7 @@ const CommandRecord* FindCommand(CommandId command) {
 
 void DispatchCommand(FrameWindow* frame, int high, int low) {
   const auto command = static_cast<CommandId>((high & 0xFF) << 8 | (low & 0xFF));
-  if (!IsAllowed(command, CurrentMenuState(*frame->Owner))) return;
+  if (!IsAllowed(*frame->Owner, command, CurrentMenuState(*frame->Owner))) return;
   if (const CommandRecord* row = FindCommand(command)) {
     row->Run(frame);
     return;

@@ -47,7 +47,26 @@ constexpr CommandRule kRules[] = {
     {52225, 52231, false, true, true},  // the Settings menu
     {command::kAmplitudeView, command::kSweepView, false, true, true},
     {25857, 28164, false, false, true},  // the view menus' colours
+    {52993, 55042, false, false, true},  // what else stands in the view menus
 };
+
+/// A fit starts from estimates, and these are there while the view of its parameters is open.
+struct FitRule {
+  CommandId Command;
+  ViewKind View;
+};
+
+constexpr FitRule kFitRules[] = {
+    {command::kAmplitudeAutomaticFit, ViewKind::AmplitudeFit},
+    {command::kDurationAutomaticFit, ViewKind::DurationFit},
+};
+
+bool LacksFitView(const Workspace& workspace, CommandId command) {
+  for (const FitRule& rule : kFitRules) {
+    if (rule.Command == command) return ViewOf(workspace, rule.View).Window == nullptr;
+  }
+  return false;
+}
 
 bool HoldsIn(const CommandRule& rule, MenuState state) {
   switch (state) {
@@ -92,7 +111,8 @@ void GreyEntries(FrameWindow* frame, int resource, int firstPlace, MenuState sta
     ++place[depth];
     if (row.RowKind == MenuRow::Kind::Popup) place[++depth] = 0;
     if (row.RowKind == MenuRow::Kind::Entry) {
-      EnableAt(frame, place, depth, IsAllowed(static_cast<CommandId>(row.Id), state));
+      const auto command = static_cast<CommandId>(row.Id);
+      EnableAt(frame, place, depth, IsAllowed(*frame->Owner, command, state));
     }
   }
 }
@@ -102,6 +122,7 @@ void InstallMainMenu(FrameWindow* frame, MenuState state) {
   GreyEntries(frame, kMainMenu, 1, state);
   toolkit::EnablePopup(frame, kSettingsPopup, state != MenuState::NoData);
   toolkit::EnablePopup(frame, kViewPopup, state != MenuState::NoData);
+  frame->Owner->ViewMenu = 0;
 }
 
 }  // namespace
@@ -118,8 +139,8 @@ std::span<const MenuRow> RowsOfMenu(int resource) {
   return {first, last - 1};
 }
 
-bool IsAllowed(CommandId command, MenuState state) {
-  if (!HasHandler(command)) return false;
+bool IsAllowed(const Workspace& workspace, CommandId command, MenuState state) {
+  if (!HasHandler(command) || LacksFitView(workspace, command)) return false;
   for (const CommandRule& rule : kRules) {
     if (command >= rule.First && command <= rule.Last) return HoldsIn(rule, state);
   }
@@ -148,13 +169,21 @@ void InstallViewMenu(FrameWindow* frame, ViewKind view) {
     toolkit::InsertPopup(frame, resource, kViewMenuPlace);
     GreyEntries(frame, resource, kViewMenuPlace, MenuState::ActiveView);
   }
+  frame->Owner->ViewMenu = resource;
+  toolkit::RedrawMenuBar(frame);
+}
+
+void RefreshFitEntries(FrameWindow* frame) {
+  const int resource = frame->Owner->ViewMenu;
+  if (resource == 0) return;
+  GreyEntries(frame, resource, kViewMenuPlace, MenuState::ActiveView);
   toolkit::RedrawMenuBar(frame);
 }
 
 const MenuOperations kMenuOperations = {
     .InstallViewMenu = InstallViewMenu,
     .InstallDataMenu = InstallDataMenu,
-    .RefreshFitEntries = nullptr,  // FIXME
+    .RefreshFitEntries = RefreshFitEntries,
 };
 
 }  // namespace ondrel

@@ -33,7 +33,7 @@ std::span<const MenuRow> RowsOfMenu(int resource);
 
 /// Whether `command` may run in `state`: it exists, and no rule forbids it there. The menus grey
 /// what may not, and the dispatcher refuses it.
-bool IsAllowed(CommandId command, MenuState state);
+bool IsAllowed(const Workspace& workspace, CommandId command, MenuState state);
 
 /// The state that the loaded data and the active view call for.
 MenuState CurrentMenuState(const Workspace& workspace);
@@ -43,8 +43,10 @@ void InstallStartMenu(FrameWindow* frame);
 void InstallDataMenu(FrameWindow* frame);
 /// With the view's own popup in the bar, when it has one.
 void InstallViewMenu(FrameWindow* frame, ViewKind view);
+/// Enables or greys "&Automatic Fit" anew where it stands in the bar.
+void RefreshFitEntries(FrameWindow* frame);
 
-/// How views reach the two operations above.
+/// How views reach the operations above.
 extern const MenuOperations kMenuOperations;
 
 }  // namespace ondrel

@@ -1,20 +1,11 @@
-// The two views of fit parameters: the model's formula, the log likelihood and the table of terms.
-// Their being open is what turns on estimates by mouse, the curves of the histogram views and
-// "&Automatic Fit".
+// The windows of the two tables of fit parameters. Their being open is what turns on estimates by
+// mouse, the curves of the histogram views and "&Automatic Fit".
 #pragma once
 
-#include "output/graphics_sink.h"
 #include "views/view_kinds.h"
 #include "workspace/workspace.h"
 
 namespace ondrel {
-
-/// Each draws formula and table with their upper left corner at that of `rect`. `dpi` is the
-/// destination's resolution and `lineHeight` that of its font.
-void DrawAmplitudeFitTable(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect,
-                           double dpi, std::int32_t lineHeight);
-void DrawDurationFitTable(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect,
-                          double dpi, std::int32_t lineHeight);
 
 /// Draws the view `kind`, AmplitudeFit or DurationFit, again at once on white: its numbers follow
 /// gestures and fits. Harmless on a closed view.

@@ -1,5 +1,8 @@
 #include "views/view_kinds.h"
 
+#include "views/amplitude_view.h"
+#include "views/duration_view.h"
+#include "views/fit_views.h"
 #include "views/record_tables.h"
 #include "views/statistics_view.h"
 
@@ -31,9 +34,17 @@ constexpr ViewColorRecord kStatisticsColors[] = {
 constexpr ViewColorRecord kFitColors[] = {
     {"Background", kWhite},
 };
-constexpr ViewColorRecord kHistogramColors[] = {
-    {"Histogram", kRed}, {"Fit", kBlue},         {"Labels", kBlack},
-    {"Axes", kBlack},    {"Background", kWhite},
+constexpr ViewColorRecord kAmplitudeColors[] = {
+    {"Color of amplitude histogram:", kRed},
+    {"Color of amplitude fitting:", kBlue},
+    {"Color of labels:", kBlack},
+    {"Color of axes:", kBlack},
+    {"Color of background:", kWhite},
+};
+constexpr ViewColorRecord kDurationColors[] = {
+    {"Color of duration histogram:", kRed}, {"Color of duration fitting:", kBlue},
+    {"Color of labels:", kBlack},           {"Color of axes:", kBlack},
+    {"Color of background:", kWhite},
 };
 constexpr ViewColorRecord kPlotColors[] = {
     {"Color of plot:", kRed},
@@ -58,13 +69,13 @@ constexpr ViewKindRecord kViewKinds[] = {
      PlaceOf(StatisticsColor::Background), 211, &kStatisticsViewRoutines},
     {ViewKind::AmplitudeFit, "Amplitude Fit Parameters",
      "creating <Amplitude Fit Parameters> window", false, kFitColors, PlaceOf(FitColor::Background),
-     0, nullptr},
+     0, &kAmplitudeFitViewRoutines},
     {ViewKind::DurationFit, "Duration Fit Parameters", "creating <Duration Fit Parameters> window",
-     false, kFitColors, PlaceOf(FitColor::Background), 0, nullptr},
+     false, kFitColors, PlaceOf(FitColor::Background), 0, &kDurationFitViewRoutines},
     {ViewKind::Amplitude, "Amplitude Histogram", "creating <Amplitude> window", false,
-     kHistogramColors, PlaceOf(HistogramColor::Background), 208, nullptr},
-    {ViewKind::Duration, "Duration Histogram", "creating <Duration> window", false,
-     kHistogramColors, PlaceOf(HistogramColor::Background), 209, nullptr},
+     kAmplitudeColors, PlaceOf(HistogramColor::Background), 208, &kAmplitudeViewRoutines},
+    {ViewKind::Duration, "Duration Histogram", "creating <Duration> window", false, kDurationColors,
+     PlaceOf(HistogramColor::Background), 209, &kDurationViewRoutines},
     {ViewKind::AmplitudeScatter, "Amplitude Scatter Plot",
      "creating <Amplitude Scatter Plot> window", false, kPlotColors, PlaceOf(PlotColor::Background),
      213, nullptr},

@@ -74,6 +74,7 @@ struct Workspace {
   WindowPlacement FrameShow = WindowPlacement::Normal;
   bool Closing = false;
   MenuOperations Menus{};
+  std::int32_t ViewMenu = 0;  // resource of the view's popup in the menu bar; 0: none stands there
 
   IntRect ExportRect;
   double ExportDpi = 0.0;

@@ -127,9 +127,33 @@ TEST_F(AmplitudeHistogramTest, WithoutMemoryThereAreNoBinsAndTheUserIsTold) {
   shell().Allocation.Next = 1;
   BuildAmplitudeHistogram(workspace());
   EXPECT_EQ(histogram().Bins, nullptr);
+  EXPECT_EQ(histogram().Edges, nullptr);
   EXPECT_THAT(Messages(),
               ElementsAre("Insufficient memory for amplitude histogram. You can increase the "
                           "amount of memory by quiting some other programs."));
+}
+
+TEST_F(AmplitudeHistogramTest, WithoutMemoryForTheEdgesThereAreNoBinsEither) {
+  shell().Allocation.Next = 2;
+  BuildAmplitudeHistogram(workspace());
+  EXPECT_EQ(histogram().Bins, nullptr);
+  EXPECT_EQ(histogram().Edges, nullptr);
+  EXPECT_THAT(Messages(),
+              ElementsAre("Insufficient memory for amplitude histogram. You can increase the "
+                          "amount of memory by quiting some other programs."));
+}
+
+TEST_F(AmplitudeHistogramTest, EdgesRunByRepeatedAddition) {
+  histogram().Minimum = -0.3;
+  histogram().PerTick = 0.7;
+  histogram().BinsPerTick = 3;
+  histogram().TickMarks = 4;
+  BuildAmplitudeHistogram(workspace());
+  double edge = -0.3;
+  for (int i = 0; i <= 12; ++i) {
+    EXPECT_EQ(histogram().Edges[i], edge) << i;
+    edge += 0.7 / 3;
+  }
 }
 
 // --- Autoscale -----------------------------------------------------------------------------------

@@ -145,9 +145,30 @@ TEST_F(DurationHistogramTest, WithoutMemoryThereAreNoBinsAndTheUserIsTold) {
   shell().Allocation.Next = 1;
   BuildDurationHistogram(workspace());
   EXPECT_EQ(histogram().Bins, nullptr);
+  EXPECT_EQ(histogram().Edges, nullptr);
   EXPECT_THAT(Messages(),
               ElementsAre("Insufficient memory for duration histogram. You can increase the "
                           "amount of memory by quiting some other programs."));
+}
+
+TEST_F(DurationHistogramTest, WithoutMemoryForTheEdgesThereAreNoBinsEither) {
+  shell().Allocation.Next = 2;
+  BuildDurationHistogram(workspace());
+  EXPECT_EQ(histogram().Bins, nullptr);
+  EXPECT_EQ(histogram().Edges, nullptr);
+  EXPECT_THAT(Messages(),
+              ElementsAre("Insufficient memory for duration histogram. You can increase the "
+                          "amount of memory by quiting some other programs."));
+}
+
+TEST_F(DurationHistogramTest, EdgesArePowersOfTenInSeconds) {
+  histogram().MinimumExponent = -3;
+  histogram().Decades = 2;
+  histogram().BinsPerDecade = 4;
+  BuildDurationHistogram(workspace());
+  for (int i = 0; i <= 8; ++i) {
+    EXPECT_DOUBLE_EQ(histogram().Edges[i], std::pow(10.0, -3 + i / 4.0)) << i;
+  }
 }
 
 // --- Autoscale -----------------------------------------------------------------------------------

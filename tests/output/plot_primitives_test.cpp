@@ -3,6 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <memory>
+#include <string>
+
+#include "output/screen_sink.h"
+#include "shell/toolkit.h"
 #include "support/recording_sink.h"
 
 namespace ondrel {
@@ -76,6 +82,67 @@ TEST_F(PlotPrimitivesTest, TextsAreHandedOverWithRoomForTheirLastByte) {
   SetFillColor({sink, context_}, kBlack);
   EXPECT_EQ(theCapacities.OfText, std::size_t{6});
   EXPECT_EQ(theCapacities.OfSuffix, std::size_t{3});
+}
+
+TEST_F(PlotPrimitivesTest, WhatRoundingHasMovedDoesNotLieBeyondAnEdge) {
+  EXPECT_FALSE(LiesBeyond(100.0, 100.0));
+  EXPECT_FALSE(LiesBeyond(99.0, 100.0));
+  EXPECT_FALSE(LiesBeyond(100.0 + 1e-9, 100.0));
+  EXPECT_FALSE(LiesBeyond(0.1 + 0.2, 0.3));
+  EXPECT_TRUE(LiesBeyond(100.0 + 1e-5, 100.0));
+  EXPECT_TRUE(LiesBeyond(-99.0, -100.0));
+}
+
+TEST_F(PlotPrimitivesTest, WhatIsNoNumberDoesNotLieBeyondAnEdge) {
+  EXPECT_FALSE(LiesBeyond(std::numeric_limits<double>::quiet_NaN(), 100.0));
+  EXPECT_TRUE(LiesBeyond(std::numeric_limits<double>::infinity(), 100.0));
+}
+
+TEST_F(PlotPrimitivesTest, TheSnapIsTheSinks) {
+  GraphicsContext context;
+  EXPECT_EQ(GetPixelSnap(drawing_), 0.0);
+  EXPECT_EQ(GetPixelSnap({kScreenSink, context}), 1.0);
+}
+
+TEST_F(PlotPrimitivesTest, CentredTextBeginsHalfItsMeasuredWidthToTheLeft) {
+  context_.Device = toolkit::AcquireDevice(nullptr);  // 5 a letter
+  DrawTextCentredAt(drawing_, 100.25, 50.5, "2.0");
+  DrawTextCentredAt(drawing_, 100.25, 50.5, "");
+  EXPECT_THAT(recording::Lines(), ElementsAre("left 92.75 50.5 2.0", "left 100.25 50.5 "));
+  toolkit::ReleaseDevice(nullptr, context_.Device);
+}
+
+TEST_F(PlotPrimitivesTest, LinesKeepTheirFractions) {
+  DrawLine(drawing_, 1.25, 2.5, -3.75, 4.125);
+  EXPECT_THAT(recording::Lines(), ElementsAre("line 1.25 2.5 -3.75 4.125"));
+}
+
+TEST_F(PlotPrimitivesTest, ARectangleGivesBackWhatTheSinkGivesBack) {
+  EXPECT_EQ(DrawRect(drawing_, 1.75, 2.5, 30.9, 40.1), (IntRect{1, 2, 30, 40}));
+  EXPECT_THAT(recording::Lines(), ElementsAre("rect 1.75 2.5 30.9 40.1"));
+}
+
+TEST_F(PlotPrimitivesTest, BarsGoToTheOperationOfTheirStyle) {
+  context_.BinCount = 3;
+  context_.BinWidth = 10.0;
+  context_.BinScale = 0.5;
+  context_.BinPeak = 7.0;
+  for (const HistogramStyle style : {HistogramStyle::Filled, HistogramStyle::Outlined,
+                                     HistogramStyle::Rectangles, static_cast<HistogramStyle>(9)}) {
+    DrawBars(drawing_, style, 1.0, 40.0, 31.0, 2.0, nullptr);
+  }
+  const std::string rest = " 1 40 31 2: 3 bins, width 10 scale 0.5 peak 7 scaled";
+  EXPECT_THAT(recording::Lines(), ElementsAre("filled bars" + rest, "bar outline" + rest,
+                                              "bar rectangles" + rest, "bar outline" + rest));
+}
+
+TEST_F(PlotPrimitivesTest, CurvesGoToTheOperationOfTheirHistogram) {
+  const auto amplitude = std::make_unique<AmplitudeHistogram>();
+  const auto duration = std::make_unique<DurationHistogram>();
+  DrawAmplitudeCurve(drawing_, *amplitude, 1.5, 2.0, 40.0, 3, 5);
+  DrawDurationCurve(drawing_, *duration, 1.5, 2.0, 40.0, 0, 7);
+  EXPECT_THAT(recording::Lines(),
+              ElementsAre("amplitude curve 1.5 2 40 3 5", "duration curve 1.5 2 40 0 7"));
 }
 
 }  // namespace

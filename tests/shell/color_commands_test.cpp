@@ -19,6 +19,8 @@ class ColorCommandsTest : public ProgramTest {
       OpenFile(file.Path());
       Choose(command::kSweepView);
       Choose(command::kStatisticsView);
+      Choose(command::kAmplitudeView);
+      Choose(command::kDurationView);
       act();
     });
   }
@@ -68,12 +70,27 @@ struct Expected {
 
 TEST_F(ColorCommandsTest, EachEntryNamesItsColour) {
   const Expected rows[] = {
-      {26113, "Selected level color:"}, {26114, "Other level color:"},
-      {26115, "Header color:"},         {26116, "Background color:"},
-      {27137, "Color of header:"},      {27138, "Color of others:"},
-      {27139, "Color of background:"},  {27393, "Color of selected sweeps:"},
-      {27394, "Color of sweeps:"},      {27395, "Color of header:"},
+      {26113, "Selected level color:"},
+      {26114, "Other level color:"},
+      {26115, "Header color:"},
+      {26116, "Background color:"},
+      {27137, "Color of header:"},
+      {27138, "Color of others:"},
+      {27139, "Color of background:"},
+      {27393, "Color of selected sweeps:"},
+      {27394, "Color of sweeps:"},
+      {27395, "Color of header:"},
       {27396, "Color of background:"},
+      {26369, "Color of amplitude histogram:"},
+      {26370, "Color of amplitude fitting:"},
+      {26371, "Color of labels:"},
+      {26372, "Color of axes:"},
+      {26373, "Color of background:"},
+      {26625, "Color of duration histogram:"},
+      {26626, "Color of duration fitting:"},
+      {26627, "Color of labels:"},
+      {26628, "Color of axes:"},
+      {26629, "Color of background:"},
   };
   RunWithAllViews([&] {
     for (const Expected& row : rows) {
@@ -84,7 +101,7 @@ TEST_F(ColorCommandsTest, EachEntryNamesItsColour) {
 }
 
 TEST_F(ColorCommandsTest, ViewsThatDoNotExistHaveNoColourCommands) {
-  EXPECT_FALSE(IsColorCommand(26369));
+  EXPECT_FALSE(IsColorCommand(26881));
   EXPECT_TRUE(IsColorCommand(25857));
   EXPECT_FALSE(IsColorCommand(25860));
 }
@@ -92,7 +109,7 @@ TEST_F(ColorCommandsTest, ViewsThatDoNotExistHaveNoColourCommands) {
 /// No colour of the menus of views that exist leads nowhere.
 TEST_F(ColorCommandsTest, TheMenusHoldNoOtherColours) {
   RunWithAllViews([&] {
-    for (const int resource : {206, 207, 211, 212}) {
+    for (const int resource : {206, 207, 208, 209, 211, 212}) {
       bool inColors = false;
       for (const MenuRow& row : RowsOfMenu(resource)) {
         if (row.RowKind == MenuRow::Kind::Popup) inColors = std::string(row.Text) == "&Colors";

@@ -143,20 +143,114 @@ TEST_F(MenusTest, EntriesWithoutACommandAreGreyed) {
     EXPECT_TRUE(IsEnabled(2, 3)) << "Reset";
     EXPECT_FALSE(IsEnabled(2, 1)) << "Events";
     EXPECT_TRUE(IsEnabled(3, 6)) << "the event view";
-    EXPECT_FALSE(IsEnabled(3, 1)) << "the amplitude histogram";
+    EXPECT_TRUE(IsEnabled(3, 1)) << "the amplitude histogram";
+    EXPECT_FALSE(IsEnabled(3, 2)) << "the amplitude scatter plot";
   });
 }
 
+// --- "&Automatic Fit" ----------------------------------------------------------------------------
+
+struct FitEntries {
+  ViewKind Histogram;
+  ViewKind Fit;
+  CommandId Open;
+  CommandId Manual;
+  int ManualPlace;
+  int AutomaticPlace;
+};
+
+class FitMenusTest : public MenusTest, public ::testing::WithParamInterface<FitEntries> {
+ protected:
+  void RunWithHistogram(const std::function<void()>& act) {
+    Run([&] {
+      OpenFile(file_.Path());
+      Choose(GetParam().Open);
+      act();
+    });
+  }
+
+  ViewState& Fit() { return ViewOf(workspace(), GetParam().Fit); }
+  ViewState& Histogram() { return ViewOf(workspace(), GetParam().Histogram); }
+  bool AutomaticFitIsEnabled() { return IsEnabled(kViewMenuPlace, GetParam().AutomaticPlace); }
+};
+
+TEST_P(FitMenusTest, AutomaticFitIsGreyedUntilManualFitHasOpenedTheFitView) {
+  RunWithHistogram([&] {
+    EXPECT_FALSE(AutomaticFitIsEnabled());
+    EXPECT_TRUE(IsEnabled(kViewMenuPlace, GetParam().ManualPlace));
+    Choose(GetParam().Manual);
+    ASSERT_NE(Fit().Window, nullptr);
+    EXPECT_EQ(shell().Menu.InsertedResource, 0) << "fit views have no menu of their own";
+    toolkit::BringForward(Histogram().Window);
+    EXPECT_TRUE(AutomaticFitIsEnabled());
+  });
+}
+
+TEST_P(FitMenusTest, AutomaticFitIsGreyedAgainWhenTheFitViewCloses) {
+  RunWithHistogram([&] {
+    Choose(GetParam().Manual);
+    toolkit::BringForward(Histogram().Window);
+    const int redrawn = shell().Menu.Redrawn;
+    Fit().Window->Callbacks->Close(Fit().Window);
+    toolkit::BringForward(Histogram().Window);
+    EXPECT_FALSE(AutomaticFitIsEnabled());
+    EXPECT_GE(shell().Menu.Redrawn, redrawn);
+  });
+}
+
+TEST_P(FitMenusTest, TheEntryFollowsTheFitViewWhileItsMenuStands) {
+  RunWithHistogram([&] {
+    Choose(GetParam().Manual);
+    toolkit::BringForward(Histogram().Window);
+    ChildWindow* window = Fit().Window;
+    Fit().Window = nullptr;
+    RefreshFitEntries(Frame());
+    EXPECT_FALSE(AutomaticFitIsEnabled());
+    Fit().Window = window;
+    RefreshFitEntries(Frame());
+    EXPECT_TRUE(AutomaticFitIsEnabled());
+  });
+}
+
+TEST_P(FitMenusTest, WithoutAViewsMenuNothingIsGreyedInItsPlace) {
+  RunWithHistogram([&] {
+    InstallDataMenu(Frame());
+    const auto entries = shell().Menu.Entries;
+    RefreshFitEntries(Frame());
+    EXPECT_EQ(shell().Menu.Entries, entries);
+  });
+}
+
+TEST_P(FitMenusTest, DialogsOfTheHistogramStayGreyed) {
+  RunWithHistogram([&] {
+    EXPECT_TRUE(IsEnabled(kViewMenuPlace, 1)) << "Autoscale";
+    EXPECT_FALSE(IsEnabled(kViewMenuPlace, 2)) << "Scaling";
+    EXPECT_FALSE(IsEnabled(kViewMenuPlace, 3)) << "Style";
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Of, FitMenusTest,
+    ::testing::Values(FitEntries{ViewKind::Amplitude, ViewKind::AmplitudeFit,
+                                 command::kAmplitudeView, command::kAmplitudeManualFit, 6, 7},
+                      FitEntries{ViewKind::Duration, ViewKind::DurationFit, command::kDurationView,
+                                 command::kDurationManualFit, 7, 8}),
+    [](const auto& info) {
+      return info.param.Histogram == ViewKind::Amplitude ? "Amplitude" : "Duration";
+    });
+
 TEST_F(MenusTest, WhatNoStateRuleNamesIsAlwaysAllowed) {
+  const auto workspace = std::make_unique<Workspace>();
   for (const MenuState state : {MenuState::NoData, MenuState::Data, MenuState::ActiveView}) {
-    EXPECT_TRUE(IsAllowed(command::kExit, state));
-    EXPECT_TRUE(IsAllowed(command::kAbout, state));
+    EXPECT_TRUE(IsAllowed(*workspace, command::kExit, state));
+    EXPECT_TRUE(IsAllowed(*workspace, command::kAbout, state));
   }
 }
 
 TEST_F(MenusTest, ACommandThatDoesNotExistIsNeverAllowed) {
+  const auto workspace = std::make_unique<Workspace>();
   for (const MenuState state : {MenuState::NoData, MenuState::Data, MenuState::ActiveView}) {
-    EXPECT_FALSE(IsAllowed(51718, state));
+    EXPECT_FALSE(IsAllowed(*workspace, 51718, state));
   }
 }
 

@@ -8,6 +8,7 @@ namespace {
 struct Record {
   std::vector<std::string> Lines;
   int TextsUntilFailure = 0;  // 0: none fails
+  std::string FailingStart;   // empty: none fails
 };
 
 Record& TheRecord() {
@@ -15,7 +16,12 @@ Record& TheRecord() {
   return record;
 }
 
-void Note(const std::string& line) {
+void Note(GraphicsContext& context, const std::string& line) {
+  const std::string& failing = TheRecord().FailingStart;
+  if (!failing.empty() && line.starts_with(failing)) {
+    context.Status = kFullDisk;
+    return;
+  }
   TheRecord().Lines.push_back(line);
 }
 
@@ -38,17 +44,17 @@ bool FailsNow() {
   return left != 0 && --left == 0;
 }
 
-void DrawLine(GraphicsContext&, double x1, double y1, double x2, double y2) {
-  Note("line " + Text(x1, y1, x2, y2));
+void DrawLine(GraphicsContext& context, double x1, double y1, double x2, double y2) {
+  Note(context, "line " + Text(x1, y1, x2, y2));
 }
-void MoveTo(GraphicsContext&, double x, double y) {
-  Note("move " + Text(x, y));
+void MoveTo(GraphicsContext& context, double x, double y) {
+  Note(context, "move " + Text(x, y));
 }
-void LineTo(GraphicsContext&, double x, double y) {
-  Note("path " + Text(x, y));
+void LineTo(GraphicsContext& context, double x, double y) {
+  Note(context, "path " + Text(x, y));
 }
-void StrokePath(GraphicsContext&) {
-  Note("stroke");
+void StrokePath(GraphicsContext& context) {
+  Note(context, "stroke");
 }
 
 void DrawText(GraphicsContext& context, double x, double y, TextAlignment alignment,
@@ -58,48 +64,54 @@ void DrawText(GraphicsContext& context, double x, double y, TextAlignment alignm
     return;
   }
   const std::string side = alignment == TextAlignment::Left ? "left " : "right ";
-  Note(side + Text(x, y) + " " + text);
+  Note(context, side + Text(x, y) + " " + text);
 }
 
-void DrawFilledBars(GraphicsContext&, double left, double base, double right, double top,
-                    const BinRecord*) {
-  Note("filled bars " + Text(left, base, right, top));
+std::string BinsOf(const GraphicsContext& context) {
+  return std::to_string(context.BinCount) + " bins, width " + Text(context.BinWidth) + " scale " +
+         Text(context.BinScale) + " peak " + Text(context.BinPeak) +
+         (context.BinFitHeight != 0 ? " fitted" : " scaled");
 }
-void DrawBarRectangles(GraphicsContext&, double left, double base, double right, double top,
+
+void DrawFilledBars(GraphicsContext& context, double left, double base, double right, double top,
+                    const BinRecord*) {
+  Note(context, "filled bars " + Text(left, base, right, top) + ": " + BinsOf(context));
+}
+void DrawBarRectangles(GraphicsContext& context, double left, double base, double right, double top,
                        const BinRecord*) {
-  Note("bar rectangles " + Text(left, base, right, top));
+  Note(context, "bar rectangles " + Text(left, base, right, top) + ": " + BinsOf(context));
 }
-void DrawBarOutline(GraphicsContext&, double left, double base, double right, double top,
+void DrawBarOutline(GraphicsContext& context, double left, double base, double right, double top,
                     const BinRecord*) {
-  Note("bar outline " + Text(left, base, right, top));
+  Note(context, "bar outline " + Text(left, base, right, top) + ": " + BinsOf(context));
 }
 
-IntRect DrawRect(GraphicsContext&, double x1, double y1, double x2, double y2) {
-  Note("rect " + Text(x1, y1, x2, y2));
+IntRect DrawRect(GraphicsContext& context, double x1, double y1, double x2, double y2) {
+  Note(context, "rect " + Text(x1, y1, x2, y2));
   return {static_cast<std::int32_t>(x1), static_cast<std::int32_t>(y1),
           static_cast<std::int32_t>(x2), static_cast<std::int32_t>(y2)};
 }
 
-void DrawDurationCurve(GraphicsContext&, const DurationHistogram&, double x0, double top,
+void DrawDurationCurve(GraphicsContext& context, const DurationHistogram&, double x0, double top,
                        double base, std::int32_t firstTerm, std::int32_t endTerm) {
-  Note("duration curve " + Text(x0, top, base, firstTerm) + " " + Text(endTerm));
+  Note(context, "duration curve " + Text(x0, top, base, firstTerm) + " " + Text(endTerm));
 }
-void DrawAmplitudeCurve(GraphicsContext&, const AmplitudeHistogram&, double x0, double top,
+void DrawAmplitudeCurve(GraphicsContext& context, const AmplitudeHistogram&, double x0, double top,
                         double base, std::int32_t firstTerm, std::int32_t endTerm) {
-  Note("amplitude curve " + Text(x0, top, base, firstTerm) + " " + Text(endTerm));
+  Note(context, "amplitude curve " + Text(x0, top, base, firstTerm) + " " + Text(endTerm));
 }
 
-void DrawDot(GraphicsContext&, double y, double x, double size) {
-  Note("dot y " + Text(y) + " x " + Text(x) + " size " + Text(size));
+void DrawDot(GraphicsContext& context, double y, double x, double size) {
+  Note(context, "dot y " + Text(y) + " x " + Text(x) + " size " + Text(size));
 }
 
-void SetColor(GraphicsContext&, const char* suffix, std::size_t, const RgbColor& color) {
-  Note("color" + std::string(suffix) + " " + std::to_string(color.Red) + " " +
-       std::to_string(color.Green) + " " + std::to_string(color.Blue));
+void SetColor(GraphicsContext& context, const char* suffix, std::size_t, const RgbColor& color) {
+  Note(context, "color" + std::string(suffix) + " " + std::to_string(color.Red) + " " +
+                    std::to_string(color.Green) + " " + std::to_string(color.Blue));
 }
 
-void SetClip(GraphicsContext&, const IntRect& rect) {
-  Note("clip " + Text(rect.Left, rect.Top, rect.Right, rect.Bottom));
+void SetClip(GraphicsContext& context, const IntRect& rect) {
+  Note(context, "clip " + Text(rect.Left, rect.Top, rect.Right, rect.Bottom));
 }
 
 void GetPixelSnap(GraphicsContext&, double* snap) {
@@ -132,6 +144,10 @@ const std::vector<std::string>& Lines() {
 
 void Clear() {
   TheRecord() = {};
+}
+
+void FailLine(const std::string& start) {
+  TheRecord().FailingStart = start;
 }
 
 void FailText(int count) {

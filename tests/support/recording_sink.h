@@ -14,12 +14,14 @@ extern const GraphicsSink kRecordingSink;
 /// What was drawn since the last Clear.
 const std::vector<std::string>& Lines();
 
-/// Forgets the lines, and has no text fail.
+/// Forgets the lines, and has nothing fail.
 void Clear();
 
 /// The `count`-th text from now fails as a write to a full disk does: the context's Status becomes
 /// `kFullDisk`. Its line is not written down.
 void FailText(int count);
+/// The same for what would be written down as a line that begins with `start`.
+void FailLine(const std::string& start);
 inline constexpr std::int32_t kFullDisk = 112;
 
 }  // namespace ondrel::recording

@@ -98,6 +98,7 @@ struct MenuEntryState {
   int Entry = 0;
   int SubEntry = 0;  // 0: the entry itself
   bool operator<(const MenuEntryState& other) const;
+  bool operator==(const MenuEntryState&) const = default;
 };
 
 /// The frame's menu bar: its resource, the view's popup in it, and what was enabled or greyed.

@@ -37,9 +37,17 @@ const std::vector<ExpectedColor> kExpectedPlotColors = {
     {"Color of axes:", kExpectedBlack},
     {"Color of background:", kExpectedWhite},
 };
-const std::vector<ExpectedColor> kExpectedHistogramColors = {
-    {"Histogram", kExpectedRed}, {"Fit", kExpectedBlue},         {"Labels", kExpectedBlack},
-    {"Axes", kExpectedBlack},    {"Background", kExpectedWhite},
+const std::vector<ExpectedColor> kExpectedAmplitudeColors = {
+    {"Color of amplitude histogram:", kExpectedRed},
+    {"Color of amplitude fitting:", kExpectedBlue},
+    {"Color of labels:", kExpectedBlack},
+    {"Color of axes:", kExpectedBlack},
+    {"Color of background:", kExpectedWhite},
+};
+const std::vector<ExpectedColor> kExpectedDurationColors = {
+    {"Color of duration histogram:", kExpectedRed}, {"Color of duration fitting:", kExpectedBlue},
+    {"Color of labels:", kExpectedBlack},           {"Color of axes:", kExpectedBlack},
+    {"Color of background:", kExpectedWhite},
 };
 
 const std::vector<ExpectedKind> kExpectedKinds = {
@@ -90,9 +98,9 @@ const std::vector<ExpectedKind> kExpectedKinds = {
      "",
      {{"Background", kExpectedWhite}}},
     {ViewKind::Amplitude, "Amplitude Histogram", "creating <Amplitude> window", false, "&Amplitude",
-     kExpectedHistogramColors},
+     kExpectedAmplitudeColors},
     {ViewKind::Duration, "Duration Histogram", "creating <Duration> window", false, "&Duration",
-     kExpectedHistogramColors},
+     kExpectedDurationColors},
     {ViewKind::AmplitudeScatter, "Amplitude Scatter Plot",
      "creating <Amplitude Scatter Plot> window", false, "A&mplitudeScatter", kExpectedPlotColors},
     {ViewKind::DurationScatter, "Duration Scatter Plot", "creating <Duration Scatter Plot> window",
@@ -216,11 +224,12 @@ TEST(ViewKinds, ColoursAreReachedByTheirNames) {
   EXPECT_EQ(LabelOf(ViewKind::Statistics, StatisticsColor::Others), "Color of others:");
   EXPECT_EQ(LabelOf(ViewKind::Statistics, StatisticsColor::Background), "Color of background:");
   EXPECT_EQ(LabelOf(ViewKind::AmplitudeFit, FitColor::Background), "Background");
-  EXPECT_EQ(LabelOf(ViewKind::Amplitude, HistogramColor::Histogram), "Histogram");
-  EXPECT_EQ(LabelOf(ViewKind::Amplitude, HistogramColor::Fit), "Fit");
-  EXPECT_EQ(LabelOf(ViewKind::Amplitude, HistogramColor::Labels), "Labels");
-  EXPECT_EQ(LabelOf(ViewKind::Amplitude, HistogramColor::Axes), "Axes");
-  EXPECT_EQ(LabelOf(ViewKind::Amplitude, HistogramColor::Background), "Background");
+  EXPECT_EQ(LabelOf(ViewKind::Amplitude, HistogramColor::Histogram),
+            "Color of amplitude histogram:");
+  EXPECT_EQ(LabelOf(ViewKind::Amplitude, HistogramColor::Fit), "Color of amplitude fitting:");
+  EXPECT_EQ(LabelOf(ViewKind::Amplitude, HistogramColor::Labels), "Color of labels:");
+  EXPECT_EQ(LabelOf(ViewKind::Amplitude, HistogramColor::Axes), "Color of axes:");
+  EXPECT_EQ(LabelOf(ViewKind::Amplitude, HistogramColor::Background), "Color of background:");
   EXPECT_EQ(LabelOf(ViewKind::Scatter, PlotColor::Plot), "Color of plot:");
   EXPECT_EQ(LabelOf(ViewKind::Scatter, PlotColor::Labels), "Color of labels:");
   EXPECT_EQ(LabelOf(ViewKind::Scatter, PlotColor::Axes), "Color of axes:");

@@ -52,6 +52,7 @@ class ResetWorkspaceTest : public ShellTest, public ::testing::WithParamInterfac
   void SpoilGeneral() {
     workspace().SkipStartupDialog = true;
     workspace().LineSearchLimit = 1;
+    workspace().ClickKind = ClickChoice::SecondOfDouble;
     workspace().LimitToWindow = false;
     workspace().FontSize = 1;
     workspace().PenSize = 1.0;
@@ -69,6 +70,7 @@ TEST_P(ResetWorkspaceTest, General) {
   EXPECT_FALSE(workspace().SkipStartupDialog);
   EXPECT_EQ(workspace().LastClickTime, 4711u);
   EXPECT_EQ(workspace().LineSearchLimit, 20);
+  EXPECT_EQ(workspace().ClickKind, ClickChoice::Single);
   EXPECT_TRUE(workspace().LimitToWindow);
   EXPECT_EQ(workspace().FontSize, 10);
   EXPECT_EQ(workspace().PenSize, 0.25);
@@ -148,6 +150,13 @@ TEST_P(ResetWorkspaceTest, TheAmplitudeHistogram) {
   EXPECT_FALSE(histogram.SquareRootAxis);
   EXPECT_EQ(histogram.FitTolerance, 0.0001);
   EXPECT_EQ(histogram.FitIterations, 20);
+  EXPECT_EQ(histogram.TermCount, 1);
+  EXPECT_EQ(histogram.Terms[0].Weight, 0.0);
+  EXPECT_EQ(histogram.Terms[0].Current, 1.0);
+  EXPECT_EQ(histogram.Terms[0].StdDev, 1.0);
+  EXPECT_EQ(histogram.Terms[0].Area, 0.0);
+  EXPECT_EQ(histogram.Terms.size(), 100u);
+  EXPECT_EQ(histogram.MarkerCount, 1);
   EXPECT_EQ(histogram.CurveScale, 1.0);
   EXPECT_EQ(histogram.FitStyle, FitStyle::Sum);
   EXPECT_EQ(histogram.HistogramStyle, HistogramStyle::Filled);
@@ -167,6 +176,12 @@ TEST_P(ResetWorkspaceTest, TheDurationHistogram) {
   EXPECT_EQ(histogram.FilterFrequency, 5000.0);
   EXPECT_EQ(histogram.FitTolerance, 0.0001);
   EXPECT_EQ(histogram.FitIterations, 20);
+  EXPECT_EQ(histogram.TermCount, 1);
+  EXPECT_EQ(histogram.Terms[0].Weight, 0.0);
+  EXPECT_EQ(histogram.Terms[0].TimeConstant, 0.0001);
+  EXPECT_EQ(histogram.Terms[0].Area, 0.0);
+  EXPECT_EQ(histogram.Terms.size(), 100u);
+  EXPECT_EQ(histogram.MarkerCount, 1);
   EXPECT_FALSE(histogram.ConstrainPositive);
   EXPECT_EQ(histogram.FitStyle, FitStyle::Sum);
   EXPECT_EQ(histogram.HistogramStyle, HistogramStyle::Filled);

@@ -9,12 +9,19 @@ HBITMAP BitmapOf(const BufferRecord& buffer) {
   return static_cast<HBITMAP>(buffer.Bitmap);
 }
 
+/// How a picture of black strokes on white is made smaller. A printer would turn the greys of a
+/// mean into patterns of dots, so there the strokes are kept instead; a metafile is most often
+/// looked at on a screen.
+int StretchModeOf(HDC target) {
+  return GetDeviceCaps(target, TECHNOLOGY) == DT_RASPRINTER ? BLACKONWHITE : HALFTONE;
+}
+
 /// With the bitmap selected into a device context in memory.
 std::int32_t StretchOver(HDC target, HDC memory, HBITMAP bitmap, const IntRect& rect) {
   BITMAP facts{};
   GetObjectA(bitmap, sizeof(facts), &facts);
-  SetStretchBltMode(target, HALFTONE);
-  SetBrushOrgEx(target, 0, 0, nullptr);
+  SetStretchBltMode(target, StretchModeOf(target));
+  SetBrushOrgEx(target, 0, 0, nullptr);  // as the mode wants it
   if (StretchBlt(target, rect.Left, rect.Top, Width(rect), Height(rect), memory, 0, 0,
                  facts.bmWidth, facts.bmHeight, SRCCOPY) != FALSE) {
     return 0;
@@ -55,7 +62,8 @@ std::int32_t DrawImage(DeviceRecord& device, int resource, const IntRect& rect) 
   auto* bitmap = static_cast<HBITMAP>(LoadImageA(win32::Module(), MAKEINTRESOURCEA(resource),
                                                  IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
   if (bitmap == nullptr) return kNotLoaded;
-  HDC memory = CreateCompatibleDC(win32::DcOf(device));
+  // Compatible with the screen, since a metafile has no device context that it could be made for.
+  HDC memory = CreateCompatibleDC(nullptr);
   std::int32_t error = kNoMemory;
   if (memory != nullptr) {
     HGDIOBJ former = SelectObject(memory, bitmap);

@@ -1,0 +1,192 @@
+#include "fit/fit_models.h"
+
+#include <cmath>
+
+#include "fit/amplitude_model.h"
+#include "fit/bin_likelihood.h"
+#include "fit/duration_model.h"
+#include "fit/histogram_axis.h"
+
+namespace ondrel {
+namespace {
+
+/// No parameter but a Current may fall below it.
+constexpr double kFloor = 1e-30;
+
+// What differs between the models in the steps of the search.
+
+struct Amplitude {
+  static constexpr std::size_t kPerTerm = kParametersPerAmplitudeTerm;
+  static constexpr std::size_t kFirstWeight = 0;
+  static bool MayBeNegative(std::size_t parameter) { return parameter % 3 == 1; }  // a Current
+};
+
+struct Duration {
+  static constexpr std::size_t kPerTerm = kParametersPerDurationTerm;
+  static constexpr std::size_t kFirstWeight = 1;
+  static bool MayBeNegative(std::size_t) { return false; }
+};
+
+std::size_t Size(std::int32_t count) {
+  return static_cast<std::size_t>(count);
+}
+
+template <typename Model>
+void ApplyStep(ParameterVector& point, ParameterVector& direction, std::int32_t count,
+               double step) {
+  for (std::size_t j = 0; j < Size(count); ++j) {
+    direction[j] *= step;
+    point[j] += direction[j];
+    if (point[j] < kFloor && !Model::MayBeNegative(j)) point[j] = kFloor;
+  }
+}
+
+template <typename Model>
+void NormaliseWeights(ParameterVector& point, std::int32_t count) {
+  double sum = 0.0;
+  for (std::size_t j = Model::kFirstWeight; j < Size(count); j += Model::kPerTerm) sum += point[j];
+  if (sum == 0.0) sum = kFloor;
+  for (std::size_t j = Model::kFirstWeight; j < Size(count); j += Model::kPerTerm) point[j] /= sum;
+}
+
+template <typename Model>
+bool TrialPoint(double step, std::int32_t count, const ParameterVector& point,
+                const ParameterVector& direction, ParameterVector& result) {
+  bool forbidden = false;
+  for (std::size_t j = 0; j < Size(count); ++j) {
+    result[j] = step * direction[j] + point[j];
+    if (result[j] < 0.0 && !Model::MayBeNegative(j)) forbidden = true;
+  }
+  return forbidden;
+}
+
+template <typename Model>
+bool Extrapolate(ParameterVector& extrapolated, std::int32_t count, ParameterVector& saved,
+                 const ParameterVector& point, ParameterVector& direction) {
+  bool forbidden = false;
+  for (std::size_t j = 0; j < Size(count); ++j) {
+    extrapolated[j] = 2.0 * point[j] - saved[j] + kFloor;
+    direction[j] = point[j] - saved[j];
+    saved[j] = point[j];
+    if (extrapolated[j] < kFloor && !Model::MayBeNegative(j)) forbidden = true;
+  }
+  return forbidden;
+}
+
+double AmplitudeObjective(const AmplitudeHistogram& amplitude, const DurationHistogram&,
+                          const ParameterVector& point) {
+  return NegativeLogLikelihood(amplitude, point);
+}
+
+double DurationObjective(const AmplitudeHistogram&, const DurationHistogram& duration,
+                         const ParameterVector& point) {
+  return NegativeLogLikelihood(duration, point);
+}
+
+bool Yes() {
+  return true;
+}
+bool No() {
+  return false;
+}
+
+/// Brings `value` to the ends of the axis. False when it was beside it.
+bool BringToAxis(double& value, double low, double high) {
+  const double given = value;
+  if (given < low) value = low;
+  if (given > high) value = high;
+  return value == given || given != given;
+}
+
+/// Each term's events: its share of those in the histogram, over the share that can be seen.
+template <typename Histogram>
+void SetAreas(Histogram& histogram) {
+  const double visible = VisibleProbability(histogram);
+  const double scale = visible == 0.0 ? 0.0 : histogram.EventsInHistogram / visible;
+  for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
+    histogram.Terms[i].Area = scale * histogram.Terms[i].Weight;
+  }
+}
+
+}  // namespace
+
+const FitOperations kAmplitudeModel{ApplyStep<Amplitude>,
+                                    NormaliseWeights<Amplitude>,
+                                    AmplitudeObjective,
+                                    TrialPoint<Amplitude>,
+                                    Extrapolate<Amplitude>,
+                                    Yes,
+                                    Yes};
+
+const FitOperations kDurationModel{ApplyStep<Duration>,
+                                   NormaliseWeights<Duration>,
+                                   DurationObjective,
+                                   TrialPoint<Duration>,
+                                   Extrapolate<Duration>,
+                                   No,
+                                   No};
+
+ParameterVector ParametersOf(const AmplitudeHistogram& histogram) {
+  ParameterVector point{};
+  for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
+    const AmplitudeTerm& term = histogram.Terms[i];
+    double* const entries = &point[Amplitude::kPerTerm * i];
+    entries[0] = term.Weight;
+    entries[1] = term.Current;
+    entries[2] = term.StdDev;
+  }
+  return point;
+}
+
+ParameterVector ParametersOf(const DurationHistogram& histogram) {
+  ParameterVector point{};
+  for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
+    const DurationTerm& term = histogram.Terms[i];
+    double* const entries = &point[Duration::kPerTerm * i];
+    entries[0] = term.TimeConstant;
+    entries[1] = term.Weight;
+  }
+  return point;
+}
+
+std::int32_t CountParameters(const AmplitudeHistogram& histogram) {
+  return static_cast<std::int32_t>(CountTerms(histogram)) * kParametersPerAmplitudeTerm;
+}
+
+std::int32_t CountParameters(const DurationHistogram& histogram) {
+  return static_cast<std::int32_t>(CountTerms(histogram)) * kParametersPerDurationTerm;
+}
+
+std::int32_t StoreTerms(AmplitudeHistogram& histogram, ParameterVector& point) {
+  const double smallest = histogram.PerTick / (histogram.BinsPerTick * 10.0);
+  std::int32_t status = 0;
+  for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
+    AmplitudeTerm& term = histogram.Terms[i];
+    double* const entries = &point[Amplitude::kPerTerm * i];
+    if (!BringToAxis(entries[1], histogram.Minimum, MaximumOf(histogram))) status = -1;
+    if (entries[2] < smallest) entries[2] = smallest;
+    term.Weight = entries[0];
+    term.Current = entries[1];
+    term.StdDev = entries[2];
+  }
+  SetAreas(histogram);
+  return status;
+}
+
+std::int32_t StoreTerms(DurationHistogram& histogram, ParameterVector& point) {
+  const double shortest = std::pow(10.0, histogram.MinimumExponent);
+  // Slightly more than the axis, unlike the currents.
+  const double longest = std::pow(10.0, MaximumOf(histogram)) + shortest;
+  std::int32_t status = 0;
+  for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
+    DurationTerm& term = histogram.Terms[i];
+    double* const entries = &point[Duration::kPerTerm * i];
+    if (!BringToAxis(entries[0], shortest, longest)) status = -1;
+    term.TimeConstant = entries[0];
+    term.Weight = entries[1];
+  }
+  SetAreas(histogram);
+  return status;
+}
+
+}  // namespace ondrel

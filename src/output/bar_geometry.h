@@ -1,0 +1,54 @@
+// Where the bars of a histogram stand in a plot: the same in every form of the drawing table.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+#include "fit/histogram_records.h"
+#include "output/graphics_sink.h"
+#include "output/plot_primitives.h"
+
+namespace ondrel {
+
+/// The plot that a bar operation is given, device units.
+struct BarPlot {
+  double Left = 0.0;
+  double Base = 0.0;
+  double Right = 0.0;
+  double Top = 0.0;
+};
+
+/// One bar, device units; it stands on the plot's base.
+struct BarRecord {
+  double Left = 0.0;
+  double Right = 0.0;
+  double Top = 0.0;
+};
+
+/// The bar of bin `bin`, counted from 1. What would be higher than the plot is cut off at its top.
+inline BarRecord PlaceBar(const GraphicsContext& context, const BarPlot& plot,
+                          const BinRecord* bins, std::int32_t bin) {
+  const double value = bins[bin].Height;
+  const double height = context.BinFitHeight != 0 ? (plot.Base - plot.Top) * value / context.BinPeak
+                                                  : value * context.BinScale;
+  return {.Left = plot.Left + (bin - 1.0) * context.BinWidth,
+          .Right = plot.Left + bin * context.BinWidth,
+          .Top = std::max(plot.Top, plot.Base - height)};
+}
+
+/// Calls `draw` for each bar from left to right, up to the first one that does not end within the
+/// plot. Returns the edge behind the last one drawn.
+template <typename Draw>
+double ForEachBar(const GraphicsContext& context, const BarPlot& plot, const BinRecord* bins,
+                  Draw draw) {
+  double edge = plot.Left;
+  for (std::int32_t i = 0; i < context.BinCount; ++i) {
+    const BarRecord bar = PlaceBar(context, plot, bins, i + 1);
+    if (LiesBeyond(bar.Right, plot.Right)) break;
+    draw(bar);
+    edge = bar.Right;
+  }
+  return edge;
+}
+
+}  // namespace ondrel

@@ -1,0 +1,78 @@
+#include "views/histogram_layout.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+#include "fit/duration_histogram.h"
+#include "fit/histogram_axis.h"
+#include "output/plot_primitives.h"
+
+namespace ondrel {
+namespace {
+
+GraphFrame FrameIn(const IntRect& rect) {
+  const double width = static_cast<double>(rect.Right) - rect.Left;
+  const double height = static_cast<double>(rect.Bottom) - rect.Top;
+  return {.PlotLeft = rect.Left + width / 8.0,
+          .PlotRight = rect.Left + width / 1.1428571428571428,
+          .PlotTop = rect.Top + height / 6.0,
+          .PlotBottom = rect.Top + height / 1.2,
+          .LabelOffset = width / 35.0};
+}
+
+double WidthOfBin(const Drawing& drawing, const GraphFrame& frame, std::int64_t binCount) {
+  const double width = (frame.PlotRight - frame.PlotLeft) / static_cast<double>(binCount);
+  if (!(GetPixelSnap(drawing) > 0.0)) return width;
+  const double whole = std::trunc(width);
+  return whole != 0.0 ? whole : width;  // bins thinner than a pixel are not lost
+}
+
+/// A setting as a number that can be divided by.
+double AtLeastOne(std::int32_t setting) {
+  return std::max(setting, 1);
+}
+
+/// The tallest bar ends within the last interval of the axis of counts.
+template <typename Histogram>
+void LayOutCounts(Histogram& histogram, const GraphFrame& frame, double intervals) {
+  const double ticks = std::max(intervals, AtLeastOne(histogram.MinimumTicks));
+  histogram.PixelsPerYTick = (frame.PlotBottom - frame.PlotTop) / ticks;
+  histogram.PixelsPerCount = histogram.PixelsPerYTick / AtLeastOne(histogram.CountsPerTick);
+}
+
+}  // namespace
+
+void LayoutAmplitude(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
+  AmplitudeHistogram& histogram = workspace.Amplitude;
+  GraphFrame& frame = ViewOf(workspace, ViewKind::Amplitude).Frame;
+  frame = FrameIn(rect);
+  histogram.PixelsPerBin = WidthOfBin({sink, workspace.Graphics}, frame, CountBins(histogram));
+  histogram.PixelsPerTick = AtLeastOne(histogram.BinsPerTick) * histogram.PixelsPerBin;
+  histogram.PixelsPerPa = histogram.PixelsPerTick / histogram.PerTick;
+
+  const double countsPerTick = AtLeastOne(histogram.CountsPerTick);
+  double intervals = std::trunc(histogram.YMaximum / countsPerTick);
+  if (intervals * countsPerTick < histogram.YMaximum) intervals += 1.0;
+  LayOutCounts(histogram, frame, intervals);
+}
+
+void LayoutDuration(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
+  DurationHistogram& histogram = workspace.Duration;
+  GraphFrame& frame = ViewOf(workspace, ViewKind::Duration).Frame;
+  frame = FrameIn(rect);
+  // The lower half is kept for terms of negative area.
+  if (!histogram.ConstrainPositive) {
+    frame.PlotBottom = (frame.PlotBottom - frame.PlotTop) / 2.0 + frame.PlotTop;
+  }
+  histogram.PixelsPerBin = WidthOfBin({sink, workspace.Graphics}, frame, CountBins(histogram));
+  histogram.PixelsPerDecade = AtLeastOne(histogram.BinsPerDecade) * histogram.PixelsPerBin;
+  if (histogram.Bins == nullptr) BuildDurationHistogram(workspace);
+
+  const double countsPerTick = AtLeastOne(histogram.CountsPerTick);
+  double intervals = std::trunc(histogram.YMaximum / countsPerTick);
+  if (intervals * countsPerTick != histogram.YMaximum) intervals += 1.0;
+  LayOutCounts(histogram, frame, intervals);
+}
+
+}  // namespace ondrel

@@ -1,0 +1,108 @@
+#include "views/histogram_parts.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "workspace/number_text.h"
+
+namespace ondrel {
+namespace {
+
+void UseAxisColor(AxisDrawing& axis) {
+  if (axis.InForce == AxisPart::Axes) return;
+  SetStrokeColor(axis.Target, ColorOf(axis.View, HistogramColor::Axes));
+  axis.InForce = AxisPart::Axes;
+}
+
+void UseLabelColor(AxisDrawing& axis) {
+  if (axis.InForce == AxisPart::Labels) return;
+  SetFillColor(axis.Target, ColorOf(axis.View, HistogramColor::Labels));
+  axis.InForce = AxisPart::Labels;
+}
+
+void DrawCount(AxisDrawing& axis, const GraphFrame& frame, double y, double count) {
+  char text[kNumberTextSize] = "";
+  IntegerText(TruncateToInteger(count), text);
+  DrawNumberUpTo(axis, frame.PlotLeft - frame.LabelOffset, y, text);
+}
+
+void DrawCountTick(AxisDrawing& axis, const GraphFrame& frame, double length, double y,
+                   double count) {
+  DrawAxisLine(axis, frame.PlotLeft, y, frame.PlotLeft - length, y);
+  DrawCount(axis, frame, y, count);
+}
+
+/// How far from the line of count zero the tick number `tick` stands.
+double OffsetOfTick(const GraphFrame& frame, const CountScale& scale, double tick, double count) {
+  if (!scale.SquareRootAxis) return tick * scale.PixelsPerYTick;
+  const double share = count / (scale.YMaximum * scale.YMaximum);
+  return std::sqrt(share) * (frame.PlotBottom - frame.PlotTop);
+}
+
+void DrawCountTicks(AxisDrawing& axis, const GraphFrame& frame, double length,
+                    const CountScale& scale) {
+  const double countsPerTick = std::max(scale.CountsPerTick, 1);
+  double former = 0.0;
+  for (std::int32_t i = 0; i < kMostTicks; ++i) {
+    const double count = i * countsPerTick;
+    const double offset = OffsetOfTick(frame, scale, i, count);
+    if (LiesBeyond(frame.PlotTop, frame.PlotBottom - offset)) return;
+    if (i > 0 && !(offset > former)) return;  // a plot without height
+    former = offset;
+    DrawCountTick(axis, frame, length, frame.PlotBottom - offset, count);
+    if (scale.Mirrored) DrawCountTick(axis, frame, length, frame.PlotBottom + offset, -count);
+  }
+}
+
+}  // namespace
+
+void DrawAxisLine(AxisDrawing& axis, double x1, double y1, double x2, double y2) {
+  if (!axis.ShowAxes) return;
+  UseAxisColor(axis);
+  DrawLine(axis.Target, x1, y1, x2, y2);
+}
+
+void DrawAxisTitle(AxisDrawing& axis, double x, double y, const char* text) {
+  if (!axis.ShowLabels) return;
+  UseLabelColor(axis);
+  DrawTextFrom(axis.Target, x, y, text);
+}
+
+void DrawNumberAt(AxisDrawing& axis, double x, double y, const char* text) {
+  if (!axis.ShowLabels) return;
+  UseLabelColor(axis);
+  DrawTextCentredAt(axis.Target, x, y, text);
+}
+
+void DrawNumberUpTo(AxisDrawing& axis, double x, double y, const char* text) {
+  if (!axis.ShowLabels) return;
+  UseLabelColor(axis);
+  DrawTextUpTo(axis.Target, x, y, text);
+}
+
+void DrawCountAxis(AxisDrawing& axis, const GraphFrame& frame, double width,
+                   const CountScale& scale) {
+  const double height = frame.PlotBottom - frame.PlotTop;
+  const double end = scale.Mirrored ? height * 2.0 + frame.PlotTop : frame.PlotBottom;
+  DrawAxisTitle(axis, frame.PlotLeft / 2.0, frame.PlotTop * 3.0 / 5.0, "Counts");
+  DrawAxisLine(axis, frame.PlotLeft, frame.PlotTop, frame.PlotLeft, end);
+  if (scale.HasTicks) {
+    DrawCountTicks(axis, frame, width / 48.0, scale);
+  } else {
+    DrawCount(axis, frame, frame.PlotBottom, 0.0);
+  }
+}
+
+void DrawBarsOf(const Drawing& drawing, const ViewState& view, HistogramStyle style,
+                const BinRecord* bins) {
+  const RgbColor& color = ColorOf(view, HistogramColor::Histogram);
+  if (style == HistogramStyle::Filled) {
+    SetFillColor(drawing, color);
+  } else {
+    SetStrokeColor(drawing, color);
+  }
+  const GraphFrame& frame = view.Frame;
+  DrawBars(drawing, style, frame.PlotLeft, frame.PlotBottom, frame.PlotRight, frame.PlotTop, bins);
+}
+
+}  // namespace ondrel
