@@ -5,8 +5,8 @@
 
 #include "fit/direction_set.h"
 #include "fit/fit_models.h"
+#include "shell/keys.h"
 #include "shell/toolkit.h"
-#include "shell/window_events.h"
 #include "workspace/report.h"
 
 namespace ondrel {

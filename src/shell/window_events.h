@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include "shell/keys.h"
 #include "shell/window_record.h"
 #include "workspace/geometry.h"
 
@@ -21,21 +22,6 @@ enum class ScrollCode : std::int32_t {
   Top = 6,
   Bottom = 7,
   EndScroll = 8,
-};
-
-/// Codes of the keys that the window layer and the views know, as the platform numbers them.
-enum Key : std::int32_t {
-  kKeyBreak = 0x03,  // Control-Break
-  kKeyPageUp = 0x21,
-  kKeyPageDown = 0x22,
-  kKeyEnd = 0x23,
-  kKeyHome = 0x24,
-  kKeyLeft = 0x25,
-  kKeyUp = 0x26,
-  kKeyRight = 0x27,
-  kKeyDown = 0x28,
-  kKeyF4 = 0x73,
-  kKeyF6 = 0x75,
 };
 
 struct PixelSize {

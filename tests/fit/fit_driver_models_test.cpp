@@ -139,6 +139,19 @@ TEST_F(FitDriverModelsTest, NoParameterOfADurationTermMayBeNegative) {
   EXPECT_EQ(ValueAt(kDurationModel, {0.01, 1.5, 0.1, -0.5}, 4), 1000000.0);
 }
 
+TEST_F(FitDriverModelsTest, NothingIsAllocatedInsideAFit) {
+  CountAmplitudes({2.7, 2.9, 3.0, 3.1, 3.2, 3.4});
+  int calls = shell().Allocation.Calls;
+  FitAmplitude(Frame());
+  EXPECT_EQ(shell().Allocation.Calls, calls);
+  FreeAllTables(workspace());
+  CountDurations({0.0004, 0.001, 0.002, 0.003});
+  calls = shell().Allocation.Calls;
+  FitDuration(Frame());
+  EXPECT_EQ(shell().Allocation.Calls, calls);
+  EXPECT_GT(Passes(), 2);
+}
+
 TEST_F(FitDriverModelsTest, AnEmptyHistogramConvergesAtOnce) {
   BuildAmplitudeHistogram(workspace());
   BuildDurationHistogram(workspace());

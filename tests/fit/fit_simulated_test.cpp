@@ -54,6 +54,47 @@ Exponentials ClosedTimes() {
   return {{1.0 / fast, 1.0 / slow}, {fastShare, 1.0 - fastShare}};
 }
 
+// Three closed states, each entered from the open one alone, so that the closed times are a mixture
+// with the rates of leaving them, in the ratios of the rates of entering them.
+const std::vector<double> kEntering = {90.0, 60.0, 50.0};
+const std::vector<double> kLeaving = {4000.0, 200.0, 10.0};
+
+simulate::Model ThreeClosedTimes() {
+  simulate::Model model;
+  model.States = {{"open", 1, kOpenCurrent}};
+  simulate::FilePlan plan;
+  plan.Rates = simulate::RateMatrix(kEntering.size() + 1);
+  for (std::size_t i = 0; i < kEntering.size(); ++i) {
+    model.States.push_back({"closed" + std::to_string(i), 0, 0.0});
+    plan.Rates.At(0, i + 1) = kEntering[i];
+    plan.Rates.At(i + 1, 0) = kLeaving[i];
+  }
+  plan.Duration = 800.0;
+  model.Files = {plan};
+  return model;
+}
+
+// Closed, half open, open: every second dwell is at the level between, and which of the others
+// follows it is drawn anew each time.
+constexpr double kHalfCurrent = 2.0;  // pA
+constexpr double kToClosed = 300.0;
+constexpr double kToOpen = 200.0;
+
+simulate::Model ThreeLevels() {
+  simulate::Model model;
+  model.States = {{"closed", 0, 0.0}, {"half", 1, kHalfCurrent}, {"open", 2, kOpenCurrent}};
+  simulate::FilePlan plan;
+  plan.Rates = simulate::RateMatrix(3);
+  plan.Rates.At(0, 1) = 400.0;
+  plan.Rates.At(1, 0) = kToClosed;
+  plan.Rates.At(1, 2) = kToOpen;
+  plan.Rates.At(2, 1) = 500.0;
+  plan.Noise = kNoise;
+  plan.Duration = 150.0;
+  model.Files = {plan};
+  return model;
+}
+
 class FitSimulatedTest : public FitTruthTest {
  protected:
   FitSimulatedTest() {
@@ -62,10 +103,13 @@ class FitSimulatedTest : public FitTruthTest {
     Duration().Decades = 8;
     Duration().BinsPerDecade = 20;
     Duration().FilterFrequency = 1e7;
-    workspace().Events.Capacity = 60000;
-    workspace().Levels.Capacity = 60000;
+    workspace().Events.Capacity = 80000;
+    workspace().Levels.Capacity = 80000;
     AllocateAllTables(Frame());
-    const simulate::Model model = ChannelModel();
+  }
+
+  /// As if the model's recording had been opened from a file.
+  void Open(const simulate::Model& model) {
     simulate::CheckModel(model);
     const std::string text = simulate::WriteEventTable(simulate::SimulateRecording(model, 11),
                                                        simulate::TableLayout::Version5);
@@ -83,9 +127,16 @@ class FitSimulatedTest : public FitTruthTest {
     BuildDurationHistogram(workspace());
     EXPECT_GT(Duration().EventsInHistogram, 15000);
   }
+
+  void CountCurrentsThemselves() {
+    workspace().Events.AmplitudeMode = LevelAmplitude::Absolute;
+    DeriveAfterLevelSettings(workspace());
+    EXPECT_GT(Amplitude().EventsInHistogram, 15000);
+  }
 };
 
 TEST_F(FitSimulatedTest, OpenTimesAreThoseOfTheRateOfClosing) {
+  Open(ChannelModel());
   SelectLevel(1);
   Estimate({3.0 / kOpenToBrief});
   FitDuration(Frame());
@@ -93,6 +144,7 @@ TEST_F(FitSimulatedTest, OpenTimesAreThoseOfTheRateOfClosing) {
 }
 
 TEST_F(FitSimulatedTest, ClosedTimesAreTheMixtureOfTheRateMatrix) {
+  Open(ChannelModel());
   SelectLevel(0);
   const Exponentials truth = ClosedTimes();
   Estimate({truth.TimeConstants[0] * 3.0, truth.TimeConstants[1] / 3.0});
@@ -101,6 +153,7 @@ TEST_F(FitSimulatedTest, ClosedTimesAreTheMixtureOfTheRateMatrix) {
 }
 
 TEST_F(FitSimulatedTest, StepsHaveTheNoiseOfBothTheirSides) {
+  Open(ChannelModel());
   SelectLevel(1);
   BuildAmplitudeHistogram(workspace());
   const Gaussians truth{{kOpenCurrent}, {kNoise * std::sqrt(2.0)}, {1.0}};
@@ -110,10 +163,38 @@ TEST_F(FitSimulatedTest, StepsHaveTheNoiseOfBothTheirSides) {
 }
 
 TEST_F(FitSimulatedTest, CurrentsAreThoseOfTheStatesWithTheNoise) {
-  workspace().Events.AmplitudeMode = LevelAmplitude::Absolute;
-  DeriveAfterLevelSettings(workspace());
+  Open(ChannelModel());
+  CountCurrentsThemselves();
   const Gaussians truth{{0.0, kOpenCurrent}, {kNoise, kNoise}, {0.5, 0.5}};
   Estimate(truth, 1.0, {1.0, -1.0}, 3.0, {1.0, 3.0});
+  FitAmplitude(Frame());
+  ExpectTruth(truth);
+}
+
+TEST_F(FitSimulatedTest, ThreeClosedStatesGiveThreeClosedTimes) {
+  Open(ThreeClosedTimes());
+  SelectLevel(0);
+  const double entering = kEntering[0] + kEntering[1] + kEntering[2];
+  Exponentials truth;
+  for (std::size_t i = 0; i < kLeaving.size(); ++i) {
+    truth.TimeConstants.push_back(1.0 / kLeaving[i]);
+    truth.Weights.push_back(kEntering[i] / entering);
+  }
+  Estimate(
+      {3.0 * truth.TimeConstants[0], truth.TimeConstants[1] / 3.0, 3.0 * truth.TimeConstants[2]});
+  FitDuration(Frame());
+  ExpectTruth(truth);
+}
+
+TEST_F(FitSimulatedTest, ThreeLevelsGiveThreeCurrents) {
+  workspace().Levels.MultipleOpenings = OpeningRule::Fragments;  // or openings would be joined
+  Open(ThreeLevels());
+  CountCurrentsThemselves();
+  const double toClosed = kToClosed / (kToClosed + kToOpen);
+  const Gaussians truth{{0.0, kHalfCurrent, kOpenCurrent},
+                        {kNoise, kNoise, kNoise},
+                        {0.5 * toClosed, 0.5, 0.5 * (1.0 - toClosed)}};
+  Estimate(truth, 1.0, {0.5, -0.5, 0.5}, 1.0 / 3.0, {1.0, 3.0, 1.0 / 3.0});
   FitAmplitude(Frame());
   ExpectTruth(truth);
 }

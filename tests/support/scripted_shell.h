@@ -146,7 +146,7 @@ struct Shell {
   std::int32_t ImageError = 0;       // what drawing a picture of the resources comes to
   std::uint32_t Ticks = 0;
   std::uint32_t DoubleClickTime = 500;
-  std::deque<int> Keys;  // key-down messages that wait for the top child
+  std::deque<int> Keys;  // key-down messages that wait, for whatever window asks
 
   std::unique_ptr<Window> FrameHolder;
   std::vector<std::unique_ptr<Window>> Children;  // top first
