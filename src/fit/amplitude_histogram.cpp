@@ -1,6 +1,5 @@
 #include "fit/amplitude_histogram.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -23,44 +22,26 @@ void FillEdges(AmplitudeHistogram& histogram, double binWidth) {
 }
 
 /// In advance, so that no level is compared with the range.
-void MarkExcludedBins(AmplitudeHistogram& histogram, double binWidth, const LevelFilter& filter) {
-  if (filter.AmplitudeChoice == Selection::SelectAll) return;
+void MarkExcludedBins(AmplitudeHistogram& histogram, const LevelFilter& filter) {
   const double low = filter.AmplitudeLow / kPicoampere;
   const double high = filter.AmplitudeHigh / kPicoampere;
   const std::int64_t binCount = CountBins(histogram);
   for (std::int64_t i = 1; i <= binCount; ++i) {
-    const double lower = histogram.Minimum + static_cast<double>(i - 1) * binWidth;
-    const double upper = histogram.Minimum + static_cast<double>(i) * binWidth;
-    const bool excluded = filter.AmplitudeChoice == Selection::Include
-                              ? !IncludesBin(low, high, lower, upper)
-                              : ExcludesBin(low, high, lower, upper);
-    if (excluded) histogram.Bins[i].Flags |= kExcludedBin;
+    const double lower = EdgeOf(histogram, i);
+    const double upper = EdgeOf(histogram, i + 1);
+    if (IsOutOfRange(filter.AmplitudeChoice, low, high, lower, upper)) {
+      histogram.Bins[i].Flags |= kExcludedBin;
+    }
   }
 }
 
-/// Smallest and largest amplitude of the selected levels, pA.
-struct AmplitudeRange {
-  bool Any = false;
-  double Low = 0.0;
-  double High = 0.0;
-};
-
-AmplitudeRange RangeOfSelected(const LevelTable& levels) {
-  AmplitudeRange range;
-  for (std::int32_t row = 0; row < levels.Count; ++row) {
-    const LevelRecord& level = *levels.Index[row];
-    if (level.LevelFlags != 0) continue;
-    const double amplitude = level.Amplitude / kPicoampere;
-    range.Low = range.Any ? std::min(range.Low, amplitude) : amplitude;
-    range.High = range.Any ? std::max(range.High, amplitude) : amplitude;
-    range.Any = true;
-  }
-  return range;
+double AmplitudeOf(const LevelRecord& level) {
+  return level.Amplitude / kPicoampere;
 }
 
 /// The exponent is lowered also where it is 0, so that ranges of 4 to 40 pA always have ticks of
 /// 0.5 pA: a rule of the program that users know.
-double TickFor(const AmplitudeRange& range) {
+double TickFor(const ValueRange& range) {
   constexpr double kTicks = 4.0;
   const double width = range.High - range.Low;
   if (width > 0.0) {
@@ -76,7 +57,8 @@ double TickFor(const AmplitudeRange& range) {
 }
 
 double MinimumFor(double low, double perTick) {
-  const double ticks = TruncateToInteger(low / perTick);
+  // As a real: far from 0 with a small spread there are more ticks than an integer counts.
+  const double ticks = std::trunc(low / perTick);
   const double nearest = ticks * perTick;
   return nearest != low && low < 0.0 ? (ticks - 1.0) * perTick : nearest;
 }
@@ -99,7 +81,7 @@ void BuildAmplitudeHistogram(Workspace& workspace) {
     return;
   }
   FillEdges(histogram, binWidth);
-  MarkExcludedBins(histogram, binWidth, workspace.Levels.LevelSelection);
+  MarkExcludedBins(histogram, workspace.Levels.LevelSelection);
   for (std::int32_t row = 0; row < workspace.Levels.Count; ++row) {
     const LevelRecord& level = *workspace.Levels.Index[row];
     if (level.LevelFlags != 0) continue;
@@ -112,7 +94,7 @@ void BuildAmplitudeHistogram(Workspace& workspace) {
 
 void AutoscaleAmplitude(Workspace& workspace) {
   AmplitudeHistogram& histogram = workspace.Amplitude;
-  const AmplitudeRange range = RangeOfSelected(workspace.Levels);
+  const ValueRange range = RangeOfSelected(workspace.Levels, AmplitudeOf);
   if (!range.Any) return;
   histogram.PerTick = TickFor(range);
   const bool spread = range.High - range.Low > 0.0;

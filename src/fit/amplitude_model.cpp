@@ -11,9 +11,6 @@
 namespace ondrel {
 namespace {
 
-// The digits of the constants belong to the model: likelihoods are compared with those of earlier
-// versions.
-constexpr double kTwoPi = 6.283185307178;
 constexpr double kRootTwo = 1.4142;
 constexpr double kSmallestDeviation = 1e-30;
 
@@ -39,7 +36,8 @@ Mixture MixtureOf(const AmplitudeHistogram& histogram, const ParameterVector& po
   mixture.Count = CountTerms(histogram);
   for (std::size_t i = 0; i < mixture.Count; ++i) {
     const double* const term = &point[kParametersPerAmplitudeTerm * i];
-    mixture.Terms[i] = GaussianOf(term[0], term[1], term[2]);
+    mixture.Terms[i] =
+        GaussianOf(term[kAmplitudeWeight], term[kAmplitudeCurrent], term[kAmplitudeStdDev]);
   }
   return mixture;
 }
@@ -91,16 +89,12 @@ void EvaluateBins(const Mixture& mixture, const double* edges, std::size_t count
   for (std::size_t i = 0; i < count; ++i) probabilities[i] *= edges[i + 1] - edges[i];
 }
 
-/// The left edge of a bin. The bins of the sum have theirs by repeated addition, runs by
-/// multiplication.
-double EdgeOfRun(const AmplitudeHistogram& histogram, std::int64_t bin) {
-  return histogram.Minimum + static_cast<double>(bin - 1) * BinWidth(histogram);
-}
-
-double VisibleCdf(const AmplitudeHistogram& histogram, double x) {
+/// Lifts the deviations of the terms themselves, unlike SegmentProbability.
+double VisibleCdf(AmplitudeHistogram& histogram, double x) {
   double sum = 0.0;
-  for (std::int32_t i = 0; i < histogram.TermCount; ++i) {
-    const AmplitudeTerm& term = histogram.Terms[static_cast<std::size_t>(i)];
+  for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
+    AmplitudeTerm& term = histogram.Terms[i];
+    if (!(term.StdDev > 0.0)) term.StdDev = kSmallestDeviation;
     const double z = (x - term.Current) / (std::sqrt(2.0) * term.StdDev);
     sum += term.Weight * (1.0 + CoarseErf(z));
   }
@@ -122,10 +116,12 @@ double SegmentProbability(const AmplitudeHistogram& histogram, const ParameterVe
   double sum = 0.0;
   for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
     const double* const term = &point[kParametersPerAmplitudeTerm * i];
-    const double stdDev = term[2] > 0.0 ? term[2] : kSmallestDeviation;
-    const double zLow = (low - term[1]) / (kRootTwo * stdDev);
-    const double zHigh = (high - term[1]) / (kRootTwo * stdDev);
-    sum += (ComplementaryErf(zLow) - ComplementaryErf(zHigh)) * term[0];
+    const double current = term[kAmplitudeCurrent];
+    const double stdDev =
+        term[kAmplitudeStdDev] > 0.0 ? term[kAmplitudeStdDev] : kSmallestDeviation;
+    const double zLow = (low - current) / (kRootTwo * stdDev);
+    const double zHigh = (high - current) / (kRootTwo * stdDev);
+    sum += (ComplementaryErf(zLow) - ComplementaryErf(zHigh)) * term[kAmplitudeWeight];
   }
   return sum / 2.0;
 }
@@ -139,8 +135,8 @@ double NegativeLogLikelihood(const AmplitudeHistogram& histogram, const Paramete
       });
   double visible = 0.0;
   ForEachVisibleRun(axis, [&](std::int64_t first, std::int64_t end) {
-    visible += SegmentProbability(histogram, point, EdgeOfRun(histogram, first),
-                                  EdgeOfRun(histogram, end));
+    visible +=
+        SegmentProbability(histogram, point, EdgeOf(histogram, first), EdgeOf(histogram, end));
   });
   return ConditionedObjective(histogram.EventsInHistogram, visible, sum);
 }
@@ -156,14 +152,10 @@ double LogLikelihood(const AmplitudeHistogram& histogram) {
 
 double VisibleProbability(AmplitudeHistogram& histogram) {
   constexpr double kInPlaceOfNone = 1e-30;
-  for (std::int32_t i = 0; i < histogram.TermCount; ++i) {
-    AmplitudeTerm& term = histogram.Terms[static_cast<std::size_t>(i)];
-    if (!(term.StdDev > 0.0)) term.StdDev = kSmallestDeviation;
-  }
   double visible = 0.0;
   ForEachVisibleRun(BinsOf(histogram), [&](std::int64_t first, std::int64_t end) {
-    visible += VisibleCdf(histogram, EdgeOfRun(histogram, end)) -
-               VisibleCdf(histogram, EdgeOfRun(histogram, first));
+    visible += VisibleCdf(histogram, EdgeOf(histogram, end)) -
+               VisibleCdf(histogram, EdgeOf(histogram, first));
   });
   return visible == 0.0 ? kInPlaceOfNone : visible;
 }

@@ -12,6 +12,10 @@
 
 namespace ondrel {
 
+/// With the digits that belong to the model: likelihoods are compared with those of earlier
+/// versions, and the handles of terms stand where its curve does.
+inline constexpr double kTwoPi = 6.283185307178;
+
 /// Probability that the mixture at `point` gives to one bin from `low` to `high`, by Simpson's
 /// rule.
 double BinProbability(const AmplitudeHistogram& histogram, const ParameterVector& point, double low,
@@ -33,7 +37,8 @@ double SaturatedLogLikelihood(const AmplitudeHistogram& histogram);
 double LogLikelihood(const AmplitudeHistogram& histogram);
 
 /// Fraction of the events that the stored terms put on the visible part of the axis; never 0. It
-/// scales the curve. A deviation that is not above 0 is set to 1e-30 in its term.
+/// scales the curve. When any of the axis is visible, a deviation that is not above 0 is set to
+/// 1e-30 in its term.
 double VisibleProbability(AmplitudeHistogram& histogram);
 
 /// Expected count of a bin centred at `x`, from the terms `first` up to but not including `last`.

@@ -2,7 +2,6 @@
 // part of the axis that is visible. A model gives the probabilities.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -26,12 +25,6 @@ template <typename Histogram>
 BinsOnAxis BinsOf(const Histogram& histogram) {
   const bool counted = histogram.Bins != nullptr;
   return {histogram.Bins, histogram.Edges, counted ? CountBins(histogram) : 0};
-}
-
-/// Terms in use that a point has room for.
-template <typename Histogram>
-std::size_t CountTerms(const Histogram& histogram) {
-  return static_cast<std::size_t>(std::clamp(histogram.TermCount, 0, kMaxTerms));
 }
 
 /// Bins whose probabilities are worked out together, and the numbers of their edges.
@@ -67,13 +60,16 @@ double SumOfLogs(const BinsOnAxis& axis, Evaluate evaluate) {
   double sum = 0.0;
   std::int64_t bin = 1;
   while (bin <= axis.Count) {
-    std::size_t count = 0;
-    const BinRecord* const bins = axis.Bins + bin;
-    const double* const edges = axis.Edges + bin - 1;
-    while (count < kBinsAtOnce && holdsEvents(bin)) ++count, ++bin;
-    if (count == 0) {
+    if (!holdsEvents(bin)) {
       ++bin;
       continue;
+    }
+    const BinRecord* const bins = axis.Bins + bin;
+    const double* const edges = axis.Edges + bin - 1;
+    std::size_t count = 0;
+    while (count < kBinsAtOnce && holdsEvents(bin)) {
+      ++count;
+      ++bin;
     }
     BinNumbers probabilities;
     evaluate(edges, count, probabilities);

@@ -7,15 +7,16 @@
 namespace ondrel {
 namespace {
 
-/// The value of a point that breaks a sign constraint. It does not grow with the histogram: where
-/// the true objective lies above it, such a point looks better than an allowed one.
-constexpr double kPenalty = 1000000.0;
+// Where a bracket starts: at the present point and one direction further.
+constexpr double kFirstBracketStep = 0.0;
+constexpr double kSecondBracketStep = 1.0;
 
 constexpr double kGoldenRatio = 1.618034;
 constexpr double kLongestParabolicStep = 100.0;  // in units of the last step
 constexpr double kSmallestDenominator = 1e-20;
-/// Out of reach for an objective that has a minimum: they stop one that falls for ever.
+/// Keeps the step, and with it the parameters, finite.
 constexpr double kFarthestStep = 1e300;
+/// Out of reach for an objective that has a minimum: it stops one that falls for ever.
 constexpr std::int32_t kMostBracketSteps = 1000;
 
 constexpr double kGoldenSection = 0.381966;
@@ -39,11 +40,11 @@ void ShiftBracket(Bracket& bracket, const LinePoint& next) {
   bracket.C = next;
 }
 
-void StartDownhill(const SearchLine& line, Bracket& bracket) {
-  bracket.A = PointAt(line, bracket.A.Step);
-  bracket.B = PointAt(line, bracket.B.Step);
-  if (bracket.A.Value < bracket.B.Value) std::swap(bracket.A, bracket.B);
-  bracket.C = PointAt(line, bracket.B.Step + kGoldenRatio * (bracket.B.Step - bracket.A.Step));
+Bracket StartDownhill(const SearchLine& line, double firstStep, double secondStep) {
+  LinePoint a = PointAt(line, firstStep);
+  LinePoint b = PointAt(line, secondStep);
+  if (a.Value < b.Value) std::swap(a, b);
+  return {.A = a, .B = b, .C = PointAt(line, b.Step + kGoldenRatio * (b.Step - a.Step))};
 }
 
 /// The vertex of the parabola through the three points, mirrored about B: the difference has the
@@ -132,7 +133,7 @@ double WithSignOf(double size, double sign) {
 }
 
 /// A step to the vertex of the parabola through X, W and V. False when it cannot be trusted.
-bool TakeParabolicStep(BrentSearch& search, double middle, double tolerance) {
+bool ChooseParabolicStep(BrentSearch& search, double middle, double tolerance) {
   const LinePoint& x = search.X;
   const LinePoint& w = search.W;
   const LinePoint& v = search.V;
@@ -156,27 +157,35 @@ bool TakeParabolicStep(BrentSearch& search, double middle, double tolerance) {
   return true;
 }
 
-void TakeGoldenStep(BrentSearch& search, double middle) {
+void ChooseGoldenStep(BrentSearch& search, double middle) {
   const double x = search.X.Step;
   search.E = x < middle ? search.B - x : search.A - x;
   search.D = kGoldenSection * search.E;
 }
 
 void ChooseStep(BrentSearch& search, double middle, double tolerance) {
-  if (std::fabs(search.E) > tolerance && TakeParabolicStep(search, middle, tolerance)) return;
-  TakeGoldenStep(search, middle);
+  if (std::fabs(search.E) > tolerance && ChooseParabolicStep(search, middle, tolerance)) return;
+  ChooseGoldenStep(search, middle);
 }
 
 /// Narrows the interval by a new point and keeps the three lowest.
 void TakeIn(BrentSearch& search, const LinePoint& u) {
   if (u.Value <= search.X.Value) {
-    (u.Step >= search.X.Step ? search.A : search.B) = search.X.Step;
+    if (u.Step >= search.X.Step) {
+      search.A = search.X.Step;
+    } else {
+      search.B = search.X.Step;
+    }
     search.V = search.W;
     search.W = search.X;
     search.X = u;
     return;
   }
-  (u.Step < search.X.Step ? search.A : search.B) = u.Step;
+  if (u.Step < search.X.Step) {
+    search.A = u.Step;
+  } else {
+    search.B = u.Step;
+  }
   if (u.Value <= search.W.Value || search.W.Step == search.X.Step) {
     search.V = search.W;
     search.W = u;
@@ -194,14 +203,16 @@ double LineValue(const SearchLine& line, double step) {
     return kPenalty;
   }
   line.Operations.NormaliseWeights(trial, line.Count);
-  return line.Operations.NegativeLogLikelihood(line.Root.Amplitude, line.Root.Duration, trial);
+  return line.Operations.NegativeLogLikelihood(line.Workspace.Amplitude, line.Workspace.Duration,
+                                               trial);
 }
 
-void BracketMinimum(const SearchLine& line, Bracket& bracket) {
-  StartDownhill(line, bracket);
+Bracket BracketMinimum(const SearchLine& line, double firstStep, double secondStep) {
+  Bracket bracket = StartDownhill(line, firstStep, secondStep);
   for (std::int32_t i = 0; bracket.B.Value > bracket.C.Value && i < kMostBracketSteps; ++i) {
-    if (!StepDownhill(line, bracket)) return;
+    if (!StepDownhill(line, bracket)) break;
   }
+  return bracket;
 }
 
 LinePoint BrentMinimise(const SearchLine& line, const Bracket& bracket, double relativeTolerance,
@@ -224,8 +235,7 @@ void LineMinimise(const Workspace& workspace, const FitOperations& operations,
                   ParameterVector& point, ParameterVector& direction, std::int32_t count,
                   double& value) {
   const SearchLine line{workspace, operations, point, direction, count};
-  Bracket bracket;
-  BracketMinimum(line, bracket);
+  const Bracket bracket = BracketMinimum(line, kFirstBracketStep, kSecondBracketStep);
   const LinePoint best =
       BrentMinimise(line, bracket, kRelativeTolerance, workspace.LineSearchLimit);
   operations.ApplyStep(point, direction, count, best.Step);

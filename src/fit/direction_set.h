@@ -10,10 +10,15 @@
 
 namespace ondrel {
 
+/// The value of a point that breaks a sign constraint, and of an extrapolated one below the floor
+/// of a parameter. It does not grow with the histogram: where the true objective lies above it,
+/// such a point looks better than an allowed one.
+inline constexpr double kPenalty = 1000000.0;
+
 /// A line through `Point` along `Direction`, on which positions are steps in units of the
 /// direction.
 struct SearchLine {
-  const Workspace& Root;
+  const ondrel::Workspace& Workspace;  // whose histograms are fitted
   const FitOperations& Operations;
   const ParameterVector& Point;
   const ParameterVector& Direction;
@@ -28,18 +33,18 @@ struct LinePoint {
 
 /// Three points of a line. The outer ones need not be in order.
 struct Bracket {
-  LinePoint A{.Step = 0.0};
-  LinePoint B{.Step = 1.0};
+  LinePoint A;
+  LinePoint B;
   LinePoint C;
 };
 
-/// The objective at a position of the line, with the weights normalised; 1000000.0 where a sign
+/// The objective at a position of the line, with the weights normalised; kPenalty where a sign
 /// constraint is broken.
 double LineValue(const SearchLine& line, double step);
 
-/// Goes downhill from the steps of the bracket's A and B until the value at C is not below that at
-/// B; what else the bracket holds is written anew. It also ends when the objective falls for ever.
-void BracketMinimum(const SearchLine& line, Bracket& bracket);
+/// Goes downhill from the first two steps, in the direction in which the value falls between them,
+/// until the value at C is not below that at B. It also ends when the objective falls for ever.
+Bracket BracketMinimum(const SearchLine& line, double firstStep, double secondStep);
 
 /// The lowest point found inside a bracket. `iterations` limits the search; running out of them is
 /// no failure. Besides `relativeTolerance`, steps below 1e-10 are not resolved.

@@ -1,6 +1,5 @@
 #include "fit/duration_histogram.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
@@ -13,6 +12,16 @@
 namespace ondrel {
 namespace {
 
+// How long dwells were before a Gaussian filter of the frequency f rounded them off (Colquhoun and
+// Sigworth 1995; there in units of the filter's rise time, 0.3321 / f).
+constexpr double kLostTime = 0.1787;              // 1/f, what the shortest dwells of all have lost
+constexpr double kSquareDecay = 7.589;            // f^2
+constexpr double kCubeDecay = 30.578;             // f^3
+constexpr double kLongestCorrectedDivisor = 2.0;  // longer dwells than 1 / (2 f) have lost nothing
+
+/// Dwells shorter than 1 / (6 f) are seen too rarely to be fitted.
+constexpr double kShortestFittedDivisor = 6.0;
+
 /// Once for all: a fit would spend most of its time on these powers.
 void FillEdges(DurationHistogram& histogram) {
   for (std::int64_t i = 0; i <= CountBins(histogram); ++i) {
@@ -21,48 +30,23 @@ void FillEdges(DurationHistogram& histogram) {
   }
 }
 
-bool IsOutOfRange(const LevelFilter& filter, double lower, double upper) {
-  switch (filter.DurationChoice) {
-    case Selection::SelectAll:
-      return false;
-    case Selection::Include:
-      return !IncludesBin(filter.DurationLow, filter.DurationHigh, lower, upper);
-    case Selection::Exclude:
-      return ExcludesBin(filter.DurationLow, filter.DurationHigh, lower, upper);
-  }
-  return false;
-}
-
-/// Dwells that short are seen too rarely to be fitted.
+/// In advance, so that no level is compared with the range.
 void MarkExcludedBins(DurationHistogram& histogram, const LevelFilter& filter) {
-  const double shortest = 1.0 / (6.0 * histogram.FilterFrequency);
+  const double low = filter.DurationLow;
+  const double high = filter.DurationHigh;
+  const double shortest = 1.0 / (kShortestFittedDivisor * histogram.FilterFrequency);
   const std::int64_t binCount = CountBins(histogram);
   for (std::int64_t i = 1; i <= binCount; ++i) {
     const double lower = histogram.Edges[i - 1];
     const double upper = histogram.Edges[i];
-    if (shortest > lower || IsOutOfRange(filter, lower, upper)) {
+    if (shortest > lower || IsOutOfRange(filter.DurationChoice, low, high, lower, upper)) {
       histogram.Bins[i].Flags |= kExcludedBin;
     }
   }
 }
 
-/// Shortest and longest selected level, seconds.
-struct DurationRange {
-  bool Any = false;
-  double Low = 0.0;
-  double High = 0.0;
-};
-
-DurationRange RangeOfSelected(const LevelTable& levels) {
-  DurationRange range;
-  for (std::int32_t row = 0; row < levels.Count; ++row) {
-    const LevelRecord& level = *levels.Index[row];
-    if (level.LevelFlags != 0) continue;
-    range.Low = range.Any ? std::min(range.Low, level.Duration) : level.Duration;
-    range.High = range.Any ? std::max(range.High, level.Duration) : level.Duration;
-    range.Any = true;
-  }
-  return range;
+double DurationOf(const LevelRecord& level) {
+  return level.Duration;
 }
 
 std::int32_t Saturate(std::int64_t value) {
@@ -72,11 +56,11 @@ std::int32_t Saturate(std::int64_t value) {
 }  // namespace
 
 double CorrectDuration(double duration, double filterFrequency) {
-  if (duration > 1.0 / (2.0 * filterFrequency)) return duration;
+  if (duration > 1.0 / (kLongestCorrectedDivisor * filterFrequency)) return duration;
   const double square = filterFrequency * filterFrequency;
-  const double tau = 0.1787 / filterFrequency;
-  const double b = 7.589 * square;
-  const double c = 30.578 * (square * filterFrequency);
+  const double tau = kLostTime / filterFrequency;
+  const double b = kSquareDecay * square;
+  const double c = kCubeDecay * (square * filterFrequency);
   const double exponent =
       -duration / tau - b * (duration * duration) - c * (duration * duration * duration);
   return duration + tau * std::exp(exponent);
@@ -107,7 +91,7 @@ void BuildDurationHistogram(Workspace& workspace) {
 
 void AutoscaleDuration(Workspace& workspace) {
   DurationHistogram& histogram = workspace.Duration;
-  const DurationRange range = RangeOfSelected(workspace.Levels);
+  const ValueRange range = RangeOfSelected(workspace.Levels, DurationOf);
   if (!range.Any || !(range.Low > 0.0)) return;
   const std::int64_t lowest = TruncateToInteger(std::log10(range.Low));
   const std::int64_t highest = TruncateToInteger(std::log10(range.High));

@@ -29,7 +29,8 @@ Mixture MixtureOf(const DurationHistogram& histogram, const ParameterVector& poi
   mixture.Count = CountTerms(histogram);
   for (std::size_t i = 0; i < mixture.Count; ++i) {
     const double* const term = &point[kParametersPerDurationTerm * i];
-    mixture.Terms[i] = {term[0] < kShortest ? kShortest : term[0], term[1]};
+    const double timeConstant = term[kDurationTimeConstant];
+    mixture.Terms[i] = {timeConstant < kShortest ? kShortest : timeConstant, term[kDurationWeight]};
   }
   return mixture;
 }
@@ -89,8 +90,8 @@ double ProbabilityOf(const Mixture& mixture, double low, double high) {
 
 double VisibleCdf(const DurationHistogram& histogram, double time) {
   double sum = 0.0;
-  for (std::int32_t i = 0; i < histogram.TermCount; ++i) {
-    const DurationTerm& term = histogram.Terms[static_cast<std::size_t>(i)];
+  for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
+    const DurationTerm& term = histogram.Terms[i];
     sum += term.Weight * Exp(-time / term.TimeConstant);
   }
   return 1.0 - sum;
@@ -98,8 +99,8 @@ double VisibleCdf(const DurationHistogram& histogram, double time) {
 
 }  // namespace
 
-double SegmentProbability(const DurationHistogram& histogram, const ParameterVector& point,
-                          double low, double high) {
+double SegmentProbability(const DurationHistogram& histogram, double low, double high,
+                          const ParameterVector& point) {
   return ProbabilityOf(MixtureOf(histogram, point), low, high);
 }
 

@@ -13,9 +13,10 @@
 
 namespace ondrel {
 
-/// Probability that the mixture at `point` gives to the dwells from `low` to `high`.
-double SegmentProbability(const DurationHistogram& histogram, const ParameterVector& point,
-                          double low, double high);
+/// Probability that the mixture at `point` gives to the dwells from `low` to `high`. The point
+/// comes last, unlike in the amplitude model.
+double SegmentProbability(const DurationHistogram& histogram, double low, double high,
+                          const ParameterVector& point);
 
 /// What the fit minimises: the negative of the multinomial log likelihood of the counts. The bins
 /// must have been built.

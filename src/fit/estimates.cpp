@@ -5,13 +5,11 @@
 #include <cstddef>
 #include <numbers>
 
+#include "fit/amplitude_model.h"
 #include "fit/histogram_axis.h"
 
 namespace ondrel {
 namespace {
-
-/// With the digits that the model's curve has, so that the curve passes through the peak's handle.
-constexpr double kTwoPi = 6.283185307178;
 
 template <typename Histogram>
 auto& TermOf(Histogram& histogram, std::int32_t term) {
@@ -21,17 +19,21 @@ auto& TermOf(Histogram& histogram, std::int32_t term) {
 template <typename Histogram>
 void ShareOutWeights(Histogram& histogram) {
   double sum = 0.0;
-  for (std::int32_t i = 0; i < histogram.TermCount; ++i) sum += TermOf(histogram, i).Area;
-  for (std::int32_t i = 0; i < histogram.TermCount; ++i) {
-    auto& term = TermOf(histogram, i);
+  for (std::size_t i = 0; i < CountTerms(histogram); ++i) sum += histogram.Terms[i].Area;
+  for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
+    auto& term = histogram.Terms[i];
     term.Weight = sum == 0.0 ? 0.0 : term.Area / sum;
   }
 }
 
-// --- Places on the axis --------------------------------------------------------------------------
+// --- Places on the axis, and back ----------------------------------------------------------------
 
 double CurrentAt(const AmplitudeHistogram& histogram, const GraphFrame& frame, double x) {
   return (x - frame.PlotLeft) / histogram.PixelsPerPa + histogram.Minimum;
+}
+
+double PlaceOf(const AmplitudeHistogram& histogram, const GraphFrame& frame, double current) {
+  return frame.PlotLeft + (current - histogram.Minimum) * histogram.PixelsPerPa;
 }
 
 double TimeConstantAt(const DurationHistogram& histogram, const GraphFrame& frame, double x) {
@@ -40,11 +42,19 @@ double TimeConstantAt(const DurationHistogram& histogram, const GraphFrame& fram
   return std::pow(10.0, exponent);
 }
 
+double PlaceOf(const DurationHistogram& histogram, const GraphFrame& frame, double timeConstant) {
+  const double exponent = std::log(timeConstant) / std::numbers::ln10;
+  return frame.PlotLeft + (exponent - histogram.MinimumExponent) * histogram.PixelsPerDecade;
+}
+
 bool IsDuration(double timeConstant) {
   return timeConstant > 0.0 && std::isfinite(timeConstant);
 }
 
-// --- Heights above the axis ----------------------------------------------------------------------
+// --- Heights above the axis, and back ------------------------------------------------------------
+
+// Handles stand at whole pixels, so that the last bit of a height can move them by one: the order
+// of the factors is kept.
 
 double AreaAt(const AmplitudeHistogram& histogram, const GraphFrame& frame, double stdDev,
               double rise) {
@@ -58,26 +68,37 @@ double AreaAt(const AmplitudeHistogram& histogram, const GraphFrame& frame, doub
   return part * part * tallest * root * stdDev * histogram.BinsPerTick / histogram.PerTick;
 }
 
+double RiseOf(const AmplitudeHistogram& histogram, const GraphFrame& frame,
+              const AmplitudeTerm& term) {
+  const double root = std::sqrt(kTwoPi);
+  const double count = term.Area * histogram.PerTick / (root * term.StdDev * histogram.BinsPerTick);
+  if (!histogram.SquareRootAxis) return count * histogram.PixelsPerCount;
+  const double tallest = histogram.YMaximum * histogram.YMaximum;
+  return std::sqrt(count / tallest) * (frame.PlotBottom - frame.PlotTop);
+}
+
 /// Unlike an amplitude's, a duration's area may be negative.
 double AreaAt(const DurationHistogram& histogram, const GraphFrame& frame, double rise) {
-  const double perDecade = LogBinWidth(histogram) * std::numbers::ln10;
-  if (!histogram.SquareRootAxis)
-    return rise * std::numbers::e / (histogram.PixelsPerCount * perDecade);
+  const double width = LogBinWidth(histogram);
+  if (!histogram.SquareRootAxis) {
+    return rise * std::numbers::e / (histogram.PixelsPerCount * width * std::numbers::ln10);
+  }
   const double part = rise / (frame.PlotBottom - frame.PlotTop);
   const double tallest = histogram.YMaximum * histogram.YMaximum;
-  return std::abs(part) * part * tallest * std::numbers::e / perDecade;
+  return std::abs(part) * part * tallest * std::numbers::e / (width * std::numbers::ln10);
+}
+
+double RiseOf(const DurationHistogram& histogram, const GraphFrame& frame,
+              const DurationTerm& term) {
+  const double count = term.Area * LogBinWidth(histogram) * std::numbers::ln10 / std::numbers::e;
+  if (!histogram.SquareRootAxis) return count * histogram.PixelsPerCount;
+  if (term.Area == 0.0) return 0.0;
+  const double tallest = histogram.YMaximum * histogram.YMaximum;
+  const double rise = std::sqrt(std::abs(count / tallest)) * (frame.PlotBottom - frame.PlotTop);
+  return term.Area < 0.0 ? -rise : rise;
 }
 
 // --- Slots ---------------------------------------------------------------------------------------
-
-/// A slot for the marker of a term that is about to be added. Markers of terms that went with the
-/// view of the fit's parameters stay until the histogram is drawn; they give way.
-template <typename Histogram>
-std::size_t TakeMarker(Histogram& histogram) {
-  const std::int32_t marker = std::min(histogram.MarkerCount, histogram.TermCount);
-  histogram.MarkerCount = marker + 1;
-  return static_cast<std::size_t>(marker);
-}
 
 /// Takes item `gone` out of the first `count`.
 template <typename Item>
@@ -104,11 +125,31 @@ void NormaliseFromAreas(DurationHistogram& histogram) {
   ShareOutWeights(histogram);
 }
 
+double PeakX(const AmplitudeHistogram& histogram, const GraphFrame& frame,
+             const AmplitudeTerm& term) {
+  return PlaceOf(histogram, frame, term.Current);
+}
+
+double PeakX(const DurationHistogram& histogram, const GraphFrame& frame,
+             const DurationTerm& term) {
+  return PlaceOf(histogram, frame, term.TimeConstant);
+}
+
+double PeakY(const AmplitudeHistogram& histogram, const GraphFrame& frame,
+             const AmplitudeTerm& term) {
+  return frame.PlotBottom - RiseOf(histogram, frame, term);
+}
+
+double PeakY(const DurationHistogram& histogram, const GraphFrame& frame,
+             const DurationTerm& term) {
+  return frame.PlotBottom - RiseOf(histogram, frame, term);
+}
+
 void AddTerm(AmplitudeHistogram& histogram, const GraphFrame& frame, double x) {
   const double current = CurrentAt(histogram, frame, x);
   if (!std::isfinite(current)) return;
-  const std::size_t marker = TakeMarker(histogram);
   const std::int32_t term = histogram.TermCount++;
+  const auto marker = static_cast<std::size_t>(histogram.MarkerCount++);
   TermOf(histogram, term) = {
       .Weight = 0.0, .Current = current, .StdDev = histogram.PerTick, .Area = 0.0};
   histogram.PeakMarkers[marker] = {.TermIndex = term};
@@ -119,8 +160,8 @@ void AddTerm(AmplitudeHistogram& histogram, const GraphFrame& frame, double x) {
 void AddTerm(DurationHistogram& histogram, const GraphFrame& frame, double x) {
   const double timeConstant = TimeConstantAt(histogram, frame, x);
   if (!IsDuration(timeConstant)) return;
-  const std::size_t marker = TakeMarker(histogram);
   const std::int32_t term = histogram.TermCount++;
+  const auto marker = static_cast<std::size_t>(histogram.MarkerCount++);
   TermOf(histogram, term) = {.Weight = 0.0, .TimeConstant = timeConstant, .Area = 0.0};
   histogram.Markers[marker] = {.TermIndex = term};
   NormaliseFromAreas(histogram);
@@ -128,7 +169,8 @@ void AddTerm(DurationHistogram& histogram, const GraphFrame& frame, double x) {
 
 void RemoveTerm(AmplitudeHistogram& histogram, std::int32_t marker) {
   const std::int32_t term = histogram.PeakMarkers[static_cast<std::size_t>(marker)].TermIndex;
-  CloseGap(histogram.Terms, term, histogram.TermCount--);
+  CloseGap(histogram.Terms, term, histogram.TermCount);
+  --histogram.TermCount;
   RemoveMarker(histogram.PeakMarkers, marker, histogram.MarkerCount);
   RemoveMarker(histogram.WidthMarkers, marker, histogram.MarkerCount);
   --histogram.MarkerCount;
@@ -137,7 +179,8 @@ void RemoveTerm(AmplitudeHistogram& histogram, std::int32_t marker) {
 
 void RemoveTerm(DurationHistogram& histogram, std::int32_t marker) {
   const std::int32_t term = histogram.Markers[static_cast<std::size_t>(marker)].TermIndex;
-  CloseGap(histogram.Terms, term, histogram.TermCount--);
+  CloseGap(histogram.Terms, term, histogram.TermCount);
+  --histogram.TermCount;
   RemoveMarker(histogram.Markers, marker, histogram.MarkerCount);
   --histogram.MarkerCount;
   NormaliseFromAreas(histogram);

@@ -13,7 +13,16 @@ namespace ondrel {
 void NormaliseFromAreas(AmplitudeHistogram& histogram);
 void NormaliseFromAreas(DurationHistogram& histogram);
 
-// The weights follow the areas in all of the next seven.
+/// Where the peak of a term stands, in device units of the frame. Not finite for a place or height
+/// that cannot be told, as the height on a square root axis without counts.
+double PeakX(const AmplitudeHistogram& histogram, const GraphFrame& frame,
+             const AmplitudeTerm& term);
+double PeakX(const DurationHistogram& histogram, const GraphFrame& frame, const DurationTerm& term);
+double PeakY(const AmplitudeHistogram& histogram, const GraphFrame& frame,
+             const AmplitudeTerm& term);
+double PeakY(const DurationHistogram& histogram, const GraphFrame& frame, const DurationTerm& term);
+
+// With every change of terms below, up to MoveWidth, the weights follow the areas.
 
 /// A new term of no height at `x`, with the next marker, which has no place before the histogram is
 /// drawn. There must be a free slot for each.

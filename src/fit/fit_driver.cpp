@@ -12,9 +12,6 @@
 namespace ondrel {
 namespace {
 
-/// The value of an extrapolated point that falls below the floor of a parameter.
-constexpr double kPenalty = 1000000.0;
-
 // Lengths of the directions with which a fit begins.
 constexpr double kFirstWeightStep = 1.0;
 constexpr double kFirstStdDevStep = 1.0;  // pA
@@ -54,16 +51,17 @@ bool IsAborted(const FitProblem& problem) {
   return PollAbortKey(*problem.Workspace, view);
 }
 
+ViewKind RepaintedHistogram(const FitProblem& problem) {
+  return problem.Operations->RepaintsAmplitude() ? ViewKind::Amplitude : ViewKind::Duration;
+}
+
 void RepaintHistogram(const FitProblem& problem) {
-  const bool amplitude = problem.Operations->RepaintsAmplitude();
-  problem.Workspace->LiveDisplay.RepaintView(*problem.Workspace,
-                                             amplitude ? ViewKind::Amplitude : ViewKind::Duration);
+  problem.Workspace->LiveDisplay.RepaintView(*problem.Workspace, RepaintedHistogram(problem));
 }
 
 void RepaintParameters(const FitProblem& problem) {
-  const bool amplitude = problem.Operations->RepaintsAmplitude();
-  problem.Workspace->LiveDisplay.RepaintView(
-      *problem.Workspace, amplitude ? ViewKind::AmplitudeFit : ViewKind::DurationFit);
+  problem.Workspace->LiveDisplay.RepaintView(*problem.Workspace,
+                                             FitViewOf(RepaintedHistogram(problem)));
 }
 
 // --- A pass -----------------------------------------------------------------------------------
@@ -97,7 +95,7 @@ bool BeginPass(FrameWindow* window, FitProblem& problem, std::int32_t pass) {
 /// the axis or to weights that sum to 1 since the last one.
 PassResult SearchAllDirections(FitProblem& problem, double& value) {
   value = ValueAt(problem, problem.Parameters);
-  PassResult pass{.StartValue = value};
+  PassResult outcome{.StartValue = value};
   for (std::size_t i = 0; i < CountOf(problem); ++i) {
     ParameterVector direction = DirectionAt(problem, i);
     value = ValueAt(problem, problem.Parameters);
@@ -105,12 +103,12 @@ PassResult SearchAllDirections(FitProblem& problem, double& value) {
     LineMinimise(*problem.Workspace, *problem.Operations, problem.Parameters, direction,
                  problem.ParameterCount, value);
     const double decrease = std::fabs(before - value);
-    if (decrease > pass.LargestDecrease) {
-      pass.LargestDecrease = decrease;
-      pass.LargestIndex = i;
+    if (decrease > outcome.LargestDecrease) {
+      outcome.LargestDecrease = decrease;
+      outcome.LargestIndex = i;
     }
   }
-  return pass;
+  return outcome;
 }
 
 bool HasConverged(const FitProblem& problem, double startValue, double value) {
@@ -141,28 +139,27 @@ void ReplaceDirection(FitProblem& problem, std::size_t index, const ParameterVec
 /// Looks as far again along the average direction of the pass, from `saved`, where it began. If
 /// that promises more (Powell 1964) the point goes to the minimum along it, and the direction,
 /// scaled by the step that this took, joins the set. `saved` moves up to where the pass ended.
-void TryAverageDirection(FitProblem& problem, const PassResult& pass, ParameterVector& saved,
+void TryAverageDirection(FitProblem& problem, const PassResult& outcome, ParameterVector& saved,
                          double& value) {
   ParameterVector direction{};
   const double extrapolated = ExtrapolatedValue(problem, saved, direction);
-  if (!(pass.StartValue > extrapolated)) return;
+  if (!(outcome.StartValue > extrapolated)) return;
   const double reached = ValueAt(problem, problem.Parameters);
-  const double rest = pass.StartValue - reached - pass.LargestDecrease;
-  const double gain = pass.StartValue - extrapolated;
-  const double test = 2.0 * (pass.StartValue - 2.0 * reached + extrapolated) * rest * rest -
-                      gain * pass.LargestDecrease * gain;
+  const double rest = outcome.StartValue - reached - outcome.LargestDecrease;
+  const double gain = outcome.StartValue - extrapolated;
+  const double test = 2.0 * (outcome.StartValue - 2.0 * reached + extrapolated) * rest * rest -
+                      gain * outcome.LargestDecrease * gain;
   if (!(test < 0.0)) return;
   LineMinimise(*problem.Workspace, *problem.Operations, problem.Parameters, direction,
                problem.ParameterCount, value);
-  ReplaceDirection(problem, pass.LargestIndex, direction);
+  ReplaceDirection(problem, outcome.LargestIndex, direction);
 }
 
 // --- Setting up -------------------------------------------------------------------------------
 
-bool CanFit(const Workspace& workspace, ViewKind histogramView, ViewKind parameterView,
-            const BinRecord* bins) {
+bool CanFit(const Workspace& workspace, ViewKind histogramView, const BinRecord* bins) {
   return ViewOf(workspace, histogramView).Window != nullptr &&
-         ViewOf(workspace, parameterView).Window != nullptr && bins != nullptr;
+         ViewOf(workspace, FitViewOf(histogramView)).Window != nullptr && bins != nullptr;
 }
 
 template <typename Histogram>
@@ -184,13 +181,13 @@ void RunFit(FrameWindow* window, FitProblem& problem, double& result) {
   toolkit::SetWaitCursor(true);
   problem.Workspace->LineSearchLimit = problem.FitIterations;
   for (std::int32_t pass = 0; BeginPass(window, problem, pass); ++pass) {
-    const PassResult reached = SearchAllDirections(problem, result);
-    if (HasConverged(problem, reached.StartValue, result)) {
+    const PassResult outcome = SearchAllDirections(problem, result);
+    if (HasConverged(problem, outcome.StartValue, result)) {
       RepaintHistogram(problem);
       RepaintParameters(problem);
       break;
     }
-    TryAverageDirection(problem, reached, saved, result);
+    TryAverageDirection(problem, outcome, saved, result);
   }
   toolkit::SetWaitCursor(false);
   RepaintHistogram(problem);
@@ -209,7 +206,7 @@ bool PollAbortKey(Workspace& workspace, ViewKind view) {
 void FitAmplitude(FrameWindow* frame) {
   Workspace& workspace = *frame->Owner;
   const AmplitudeHistogram& histogram = workspace.Amplitude;
-  if (!CanFit(workspace, ViewKind::Amplitude, ViewKind::AmplitudeFit, histogram.Bins)) return;
+  if (!CanFit(workspace, ViewKind::Amplitude, histogram.Bins)) return;
   FitProblem problem = SetUpProblem(workspace, histogram, workspace.AmplitudeModel);
   for (std::size_t k = 0; k < CountOf(problem); k += kParametersPerAmplitudeTerm) {
     problem.Directions[k][k] = kFirstWeightStep;
@@ -223,7 +220,7 @@ void FitAmplitude(FrameWindow* frame) {
 void FitDuration(FrameWindow* frame) {
   Workspace& workspace = *frame->Owner;
   const DurationHistogram& histogram = workspace.Duration;
-  if (!CanFit(workspace, ViewKind::Duration, ViewKind::DurationFit, histogram.Bins)) return;
+  if (!CanFit(workspace, ViewKind::Duration, histogram.Bins)) return;
   FitProblem problem = SetUpProblem(workspace, histogram, workspace.DurationModel);
   for (std::size_t k = 0; k < CountOf(problem); k += kParametersPerDurationTerm) {
     problem.Directions[k][k] = problem.Parameters[k] / kTimeConstantParts;

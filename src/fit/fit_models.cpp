@@ -13,17 +13,22 @@ namespace {
 /// No parameter but a Current may fall below it.
 constexpr double kFloor = 1e-30;
 
+/// A Gaussian that is narrower than this part of a bin cannot be told from a narrower one.
+constexpr double kSmallestStdDevsPerBin = 10.0;
+
 // What differs between the models in the steps of the search.
 
 struct Amplitude {
   static constexpr std::size_t kPerTerm = kParametersPerAmplitudeTerm;
-  static constexpr std::size_t kFirstWeight = 0;
-  static bool MayBeNegative(std::size_t parameter) { return parameter % 3 == 1; }  // a Current
+  static constexpr std::size_t kFirstWeight = kAmplitudeWeight;
+  static bool MayBeNegative(std::size_t parameter) {
+    return parameter % kPerTerm == kAmplitudeCurrent;
+  }
 };
 
 struct Duration {
   static constexpr std::size_t kPerTerm = kParametersPerDurationTerm;
-  static constexpr std::size_t kFirstWeight = 1;
+  static constexpr std::size_t kFirstWeight = kDurationWeight;
   static bool MayBeNegative(std::size_t) { return false; }
 };
 
@@ -92,17 +97,21 @@ bool No() {
 
 /// Brings `value` to the ends of the axis. False when it was beside it.
 bool BringToAxis(double& value, double low, double high) {
-  const double given = value;
-  if (given < low) value = low;
-  if (given > high) value = high;
-  return value == given || given != given;
+  if (value < low) {
+    value = low;
+    return false;
+  }
+  if (value > high) {
+    value = high;
+    return false;
+  }
+  return true;
 }
 
 /// Each term's events: its share of those in the histogram, over the share that can be seen.
 template <typename Histogram>
 void SetAreas(Histogram& histogram) {
-  const double visible = VisibleProbability(histogram);
-  const double scale = visible == 0.0 ? 0.0 : histogram.EventsInHistogram / visible;
+  const double scale = histogram.EventsInHistogram / VisibleProbability(histogram);
   for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
     histogram.Terms[i].Area = scale * histogram.Terms[i].Weight;
   }
@@ -131,9 +140,9 @@ ParameterVector ParametersOf(const AmplitudeHistogram& histogram) {
   for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
     const AmplitudeTerm& term = histogram.Terms[i];
     double* const entries = &point[Amplitude::kPerTerm * i];
-    entries[0] = term.Weight;
-    entries[1] = term.Current;
-    entries[2] = term.StdDev;
+    entries[kAmplitudeWeight] = term.Weight;
+    entries[kAmplitudeCurrent] = term.Current;
+    entries[kAmplitudeStdDev] = term.StdDev;
   }
   return point;
 }
@@ -143,8 +152,8 @@ ParameterVector ParametersOf(const DurationHistogram& histogram) {
   for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
     const DurationTerm& term = histogram.Terms[i];
     double* const entries = &point[Duration::kPerTerm * i];
-    entries[0] = term.TimeConstant;
-    entries[1] = term.Weight;
+    entries[kDurationTimeConstant] = term.TimeConstant;
+    entries[kDurationWeight] = term.Weight;
   }
   return point;
 }
@@ -158,16 +167,18 @@ std::int32_t CountParameters(const DurationHistogram& histogram) {
 }
 
 std::int32_t StoreTerms(AmplitudeHistogram& histogram, ParameterVector& point) {
-  const double smallest = histogram.PerTick / (histogram.BinsPerTick * 10.0);
+  const double smallest = histogram.PerTick / (histogram.BinsPerTick * kSmallestStdDevsPerBin);
   std::int32_t status = 0;
   for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
     AmplitudeTerm& term = histogram.Terms[i];
     double* const entries = &point[Amplitude::kPerTerm * i];
-    if (!BringToAxis(entries[1], histogram.Minimum, MaximumOf(histogram))) status = -1;
-    if (entries[2] < smallest) entries[2] = smallest;
-    term.Weight = entries[0];
-    term.Current = entries[1];
-    term.StdDev = entries[2];
+    double& current = entries[kAmplitudeCurrent];
+    double& stdDev = entries[kAmplitudeStdDev];
+    if (!BringToAxis(current, histogram.Minimum, MaximumOf(histogram))) status = -1;
+    if (stdDev < smallest) stdDev = smallest;
+    term.Weight = entries[kAmplitudeWeight];
+    term.Current = current;
+    term.StdDev = stdDev;
   }
   SetAreas(histogram);
   return status;
@@ -181,9 +192,10 @@ std::int32_t StoreTerms(DurationHistogram& histogram, ParameterVector& point) {
   for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
     DurationTerm& term = histogram.Terms[i];
     double* const entries = &point[Duration::kPerTerm * i];
-    if (!BringToAxis(entries[0], shortest, longest)) status = -1;
-    term.TimeConstant = entries[0];
-    term.Weight = entries[1];
+    double& timeConstant = entries[kDurationTimeConstant];
+    if (!BringToAxis(timeConstant, shortest, longest)) status = -1;
+    term.TimeConstant = timeConstant;
+    term.Weight = entries[kDurationWeight];
   }
   SetAreas(histogram);
   return status;

@@ -24,6 +24,13 @@ using ParameterVector = std::array<double, kParameterSlots>;
 inline constexpr std::int32_t kParametersPerAmplitudeTerm = 3;
 inline constexpr std::int32_t kParametersPerDurationTerm = 2;
 
+// Places of a term's parameters among its own.
+inline constexpr std::size_t kAmplitudeWeight = 0;
+inline constexpr std::size_t kAmplitudeCurrent = 1;
+inline constexpr std::size_t kAmplitudeStdDev = 2;
+inline constexpr std::size_t kDurationTimeConstant = 0;
+inline constexpr std::size_t kDurationWeight = 1;
+
 /// Direction i is column i: its entry j stands in [j][i].
 using DirectionSet = std::array<ParameterVector, kParameterSlots>;
 

@@ -1,14 +1,17 @@
-// The axes of the two histograms: how many bins stand on them and how wide these are.
+// What follows from the settings of the two histograms: how many bins stand on their axes, how wide
+// these are, and how many terms are in use.
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 #include "fit/histogram_records.h"
 
 namespace ondrel {
 
-/// Bins on the axis, at least 1.
+/// Bins on the axis. At least 1, so that there is a width to divide a plot into when a preference
+/// file holds a setting that is not above 0.
 inline std::int64_t CountBins(const AmplitudeHistogram& histogram) {
   return std::max<std::int64_t>(std::int64_t{histogram.BinsPerTick} * histogram.TickMarks, 1);
 }
@@ -22,6 +25,12 @@ inline double BinWidth(const AmplitudeHistogram& histogram) {
   return histogram.PerTick / histogram.BinsPerTick;
 }
 
+/// The left edge of a bin, and so the right one of the bin before, pA. What is told of whole
+/// stretches of the axis goes by these; the fit's sum over the bins has its own, in `Edges`.
+inline double EdgeOf(const AmplitudeHistogram& histogram, std::int64_t bin) {
+  return histogram.Minimum + static_cast<double>(bin - 1) * BinWidth(histogram);
+}
+
 /// Width of a bin in decades.
 inline double LogBinWidth(const DurationHistogram& histogram) {
   return 1.0 / histogram.BinsPerDecade;
@@ -33,6 +42,12 @@ inline double MaximumOf(const AmplitudeHistogram& histogram) {
 }
 inline double MaximumOf(const DurationHistogram& histogram) {
   return static_cast<double>(std::int64_t{histogram.MinimumExponent} + histogram.Decades);
+}
+
+/// Terms in use, as many as a fit has room for, whatever `TermCount` says.
+template <typename Histogram>
+std::size_t CountTerms(const Histogram& histogram) {
+  return static_cast<std::size_t>(std::clamp(histogram.TermCount, 0, kMaxTerms));
 }
 
 }  // namespace ondrel

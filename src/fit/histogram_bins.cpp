@@ -8,6 +8,19 @@
 #include "workspace/truncate.h"
 
 namespace ondrel {
+namespace {
+
+/// A bin that the range covers in part is out.
+bool IncludesBin(double low, double high, double lower, double upper) {
+  return !(low > lower) && !(high < upper);
+}
+
+/// A bin that contains the range whole is not met by it.
+bool ExcludesBin(double low, double high, double lower, double upper) {
+  return (!(low > lower) && high > lower) || (low < upper && !(high < upper));
+}
+
+}  // namespace
 
 bool ReplaceBins(FrameWindow* frame, std::int64_t binCount, const char* word, BinRecord** bins,
                  double** edges) {
@@ -41,12 +54,16 @@ BinTotals FinishBins(BinRecord* bins, std::int64_t binCount, bool squareRootAxis
   return totals;
 }
 
-bool IncludesBin(double low, double high, double lower, double upper) {
-  return !(low > lower) && !(high < upper);
-}
-
-bool ExcludesBin(double low, double high, double lower, double upper) {
-  return (!(low > lower) && high > lower) || (low < upper && !(high < upper));
+bool IsOutOfRange(Selection choice, double low, double high, double lower, double upper) {
+  switch (choice) {
+    case Selection::SelectAll:
+      return false;
+    case Selection::Include:
+      return !IncludesBin(low, high, lower, upper);
+    case Selection::Exclude:
+      return ExcludesBin(low, high, lower, upper);
+  }
+  return false;
 }
 
 double ReadableStep(std::int32_t exponent, double fraction) {

@@ -2,10 +2,13 @@
 // counting, and how a scale is chosen that reads well.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
+#include "derived/level_filter.h"
 #include "fit/histogram_records.h"
 #include "shell/window_record.h"
+#include "workspace/tables.h"
 
 namespace ondrel {
 
@@ -21,17 +24,38 @@ void CountLevel(BinRecord* bins, std::int64_t binCount, double x);
 /// What the counts come to.
 struct BinTotals {
   double YMaximum = 0.0;  // largest Height of the bins on the axis
-  std::int32_t EventsInHistogram =
-      0;  // of all bins that are not excluded, those beside the axis too
+  /// Of all bins that are not excluded, those beside the axis too.
+  std::int32_t EventsInHistogram = 0;
 };
 
 /// Sets the heights and returns the totals.
 BinTotals FinishBins(BinRecord* bins, std::int64_t binCount, bool squareRootAxis);
 
-/// Whether a range of values leaves the bin from `lower` to `upper` in. A bin that "Include" covers
-/// in part is out; one that contains the range of "Exclude" whole stays in.
-bool IncludesBin(double low, double high, double lower, double upper);
-bool ExcludesBin(double low, double high, double lower, double upper);
+/// Whether a selection of the values from `low` to `high` takes the bin from `lower` to `upper`
+/// out. A bin that "Include" covers in part is out; one that contains the range of "Exclude" whole
+/// stays.
+bool IsOutOfRange(Selection choice, double low, double high, double lower, double upper);
+
+/// Smallest and largest value of the selected levels.
+struct ValueRange {
+  bool Any = false;
+  double Low = 0.0;
+  double High = 0.0;
+};
+
+template <typename ValueOf>
+ValueRange RangeOfSelected(const LevelTable& levels, ValueOf valueOf) {
+  ValueRange range;
+  for (std::int32_t row = 0; row < levels.Count; ++row) {
+    const LevelRecord& level = *levels.Index[row];
+    if (level.LevelFlags != 0) continue;
+    const double value = valueOf(level);
+    range.Low = range.Any ? std::min(range.Low, value) : value;
+    range.High = range.Any ? std::max(range.High, value) : value;
+    range.Any = true;
+  }
+  return range;
+}
 
 /// 1, 2 or 5 times ten to the `exponent`: the largest of them that is not above ten to the
 /// `exponent` + `fraction`, for fractions from 0 to 1.

@@ -72,8 +72,8 @@ struct AmplitudeHistogram {
   bool SquareRootAxis = false;
   std::int32_t EventsInHistogram = 0;  // counts of all bins that are not excluded
   BinRecord* Bins = nullptr;           // owned; TickMarks * BinsPerTick + 2, or null
-  double* Edges =
-      nullptr;  // owned, null without Bins; pA, bin i goes from Edges[i - 1] to Edges[i]
+  // Owned, null without Bins; pA. Bin i goes from Edges[i - 1] to Edges[i].
+  double* Edges = nullptr;
   double FitTolerance = 0.0001;
   std::int32_t FitIterations = 20;
   std::int32_t TermCount = 1;
@@ -104,7 +104,8 @@ struct DurationHistogram {
   double PixelsPerBin = 0.0;
   std::int32_t EventsInHistogram = 0;  // counts of all bins that are not excluded
   BinRecord* Bins = nullptr;           // owned; Decades * BinsPerDecade + 2, or null
-  double* Edges = nullptr;  // owned, null without Bins; s, bin i goes from Edges[i - 1] to Edges[i]
+  // Owned, null without Bins; s. Bin i goes from Edges[i - 1] to Edges[i].
+  double* Edges = nullptr;
   double FilterFrequency = 5000.0;  // Hz
   double FitTolerance = 0.0001;
   std::int32_t FitIterations = 20;
@@ -112,9 +113,9 @@ struct DurationHistogram {
   TermArray<DurationTerm> Terms{{{.Weight = 0.0, .TimeConstant = 0.0001, .Area = 0.0}}};
   std::int32_t MarkerCount = 1;  // terms beside the axis have no marker
   MarkerArray Markers{};
-  bool ConstrainPositive = false;
   ondrel::FitStyle FitStyle = ondrel::FitStyle::Sum;
   ondrel::HistogramStyle HistogramStyle = ondrel::HistogramStyle::Filled;
+  bool ConstrainPositive = false;
   bool ShowAxes = true;
   bool ShowLabels = true;
 };

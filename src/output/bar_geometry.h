@@ -6,7 +6,7 @@
 
 #include "fit/histogram_records.h"
 #include "output/graphics_sink.h"
-#include "output/plot_primitives.h"
+#include "output/plot_geometry.h"
 
 namespace ondrel {
 
@@ -25,28 +25,26 @@ struct BarRecord {
   double Top = 0.0;
 };
 
-/// The bar of bin `bin`, counted from 1. What would be higher than the plot is cut off at its top.
-inline BarRecord PlaceBar(const GraphicsContext& context, const BarPlot& plot,
-                          const BinRecord* bins, std::int32_t bin) {
-  const double value = bins[bin].Height;
+/// Top of a bar for a bin of this `value`. What would be higher than the plot is cut off at its
+/// top.
+inline double TopOfBar(const GraphicsContext& context, const BarPlot& plot, double value) {
   const double height = context.BinFitHeight != 0 ? (plot.Base - plot.Top) * value / context.BinPeak
                                                   : value * context.BinScale;
-  return {.Left = plot.Left + (bin - 1.0) * context.BinWidth,
-          .Right = plot.Left + bin * context.BinWidth,
-          .Top = std::max(plot.Top, plot.Base - height)};
+  return std::max(plot.Top, plot.Base - height);
 }
 
 /// Calls `draw` for each bar from left to right, up to the first one that does not end within the
-/// plot. Returns the edge behind the last one drawn.
+/// plot. Each stands at the edge of the one before it. Returns the edge behind the last one drawn.
 template <typename Draw>
 double ForEachBar(const GraphicsContext& context, const BarPlot& plot, const BinRecord* bins,
                   Draw draw) {
   double edge = plot.Left;
   for (std::int32_t i = 0; i < context.BinCount; ++i) {
-    const BarRecord bar = PlaceBar(context, plot, bins, i + 1);
-    if (LiesBeyond(bar.Right, plot.Right)) break;
-    draw(bar);
-    edge = bar.Right;
+    const double right = edge + context.BinWidth;
+    if (LiesBeyond(right, plot.Right)) break;
+    draw(BarRecord{
+        .Left = edge, .Right = right, .Top = TopOfBar(context, plot, bins[i + 1].Height)});
+    edge = right;
   }
   return edge;
 }

@@ -43,15 +43,18 @@ inline double CurveY(const DurationHistogram& fit, const CurvePlot& plot, double
 }
 
 /// Calls `draw` for the point at the centre of each of `binCount` bins, from left to right; at
-/// least for the first.
+/// least for the first. Places are added up step by step, as those of the bars are; the current or
+/// time that a point stands for is worked out for each anew.
 template <typename Histogram, typename Draw>
 void ForEachCurvePoint(const Histogram& fit, const CurvePlot& plot, std::int64_t binCount,
                        Draw draw) {
-  const std::int64_t stride = 1 + (std::max<std::int64_t>(binCount, 1) - 1) / kMostCurvePoints;
-  for (std::int64_t i = 0; i < std::max<std::int64_t>(binCount, 1); i += stride) {
+  const std::int64_t count = std::max<std::int64_t>(binCount, 1);
+  const std::int64_t stride = 1 + (count - 1) / kMostCurvePoints;
+  double offset = fit.PixelsPerBin / 2.0;
+  for (std::int64_t i = 0; i < count; i += stride) {
     const double bins = static_cast<double>(i) + 0.5;
-    draw(CurvePoint{
-        .X = plot.Left + bins * fit.PixelsPerBin, .Y = CurveY(fit, plot, bins), .Begins = i == 0});
+    draw(CurvePoint{.X = plot.Left + offset, .Y = CurveY(fit, plot, bins), .Begins = i == 0});
+    offset += static_cast<double>(stride) * fit.PixelsPerBin;
   }
 }
 

@@ -18,13 +18,6 @@ inline bool HasFailed(const Drawing& drawing) {
   return drawing.Context.Status != 0;
 }
 
-/// Whether `position` lies past `edge`, both in device units. What rounding in the last digits has
-/// moved does not.
-inline bool LiesBeyond(double position, double edge) {
-  constexpr double kRounding = 1e-6;
-  return position - edge > kRounding;
-}
-
 /// Above 0 where bins are to be whole device units wide.
 double GetPixelSnap(const Drawing& drawing);
 
@@ -40,8 +33,9 @@ void SetClip(const Drawing& drawing, const IntRect& rect);
 void DrawTextFrom(const Drawing& drawing, double x, double y, const char* text);
 /// Text on the baseline `y` that ends at `x`.
 void DrawTextUpTo(const Drawing& drawing, double x, double y, const char* text);
-/// Text on the baseline `y` with its middle at `x`, by its width in the font of the context's
-/// device.
+/// Text on the baseline `y` with its middle at `x`. No operation of a sink measures a text, so its
+/// width is that in the font of the context's device: a form that writes into a file is lent a
+/// device, with its font, for as long as it draws.
 void DrawTextCentredAt(const Drawing& drawing, double x, double y, const char* text);
 
 void DrawLine(const Drawing& drawing, double x1, double y1, double x2, double y2);

@@ -50,7 +50,7 @@ void ScreenStrokePath(GraphicsContext&) {}
 void ScreenDrawText(GraphicsContext& context, double x, double y, TextAlignment alignment,
                     const char* text, std::size_t) {
   if (alignment != TextAlignment::Left) x -= toolkit::TextWidth(context.Device, text);
-  toolkit::MoveTo(context.Device, TruncateToInteger(x), TruncateToInteger(y));
+  MoveToPoint(context, x, y);
   toolkit::DrawTextHere(context.Device, text);
 }
 

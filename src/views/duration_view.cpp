@@ -5,8 +5,9 @@
 #include <cstdint>
 
 #include "fit/histogram_axis.h"
+#include "output/plot_geometry.h"
 #include "views/estimate_gestures.h"
-#include "views/histogram_layout.h"
+#include "views/graph_frame.h"
 #include "views/histogram_parts.h"
 #include "views/histogram_window.h"
 #include "views/term_markers.h"
@@ -15,34 +16,18 @@
 namespace ondrel {
 namespace {
 
-AxisDrawing BeginAxis(const Drawing& drawing, const Workspace& workspace) {
-  return {.Target = drawing,
-          .View = ViewOf(workspace, ViewKind::Duration),
-          .ShowAxes = workspace.Duration.ShowAxes,
-          .ShowLabels = workspace.Duration.ShowLabels};
-}
-
-bool LiesOnAxis(const DurationHistogram& histogram, const DurationTerm& term) {
-  return term.TimeConstant >= std::pow(10.0, histogram.MinimumExponent) &&
-         term.TimeConstant <= std::pow(10.0, MaximumOf(histogram));
-}
-
-void DrawCurve(const Drawing& drawing, const Workspace& workspace, std::int32_t first,
-               std::int32_t end) {
-  const GraphFrame& frame = ViewOf(workspace, ViewKind::Duration).Frame;
-  DrawDurationCurve(drawing, workspace.Duration, frame.PlotLeft, frame.PlotTop, frame.PlotBottom,
-                    first, end);
-}
-
 /// Below the lower half, where there is one.
-double TitleBaseline(const DurationHistogram& histogram, const GraphFrame& frame, double height) {
-  if (histogram.ConstrainPositive) return frame.PlotBottom + height / 7.0;
-  return height / 7.0 + (frame.PlotBottom - frame.PlotTop) * 2.0 + frame.PlotTop;
+GraphPlace TitlePlace(const DurationHistogram& histogram, const GraphFrame& frame, double height) {
+  GraphPlace place = HorizontalTitlePlace(frame, height);
+  if (!histogram.ConstrainPositive) {
+    place.Y = TitleDistance(height) + (frame.PlotBottom - frame.PlotTop) * 2.0 + frame.PlotTop;
+  }
+  return place;
 }
 
 /// Where minor tick `m`, counted from 2, stands in its decade, as a share of it. The last one is
-/// the next decade for any number of ticks, so only nine of them stand at whole multiples of a
-/// time.
+/// the next decade for any number of ticks; only with 9 ticks do they fall on 2, 3 ... 10 times the
+/// decade.
 double OffsetOfMinor(std::int32_t m, std::int32_t ticksPerDecade) {
   if (ticksPerDecade == 1) return 0.0;
   return std::log10(m) / std::log10(ticksPerDecade + 1);
@@ -53,7 +38,7 @@ double OffsetOfMinor(std::int32_t m, std::int32_t ticksPerDecade) {
 bool DrawMinorTicks(AxisDrawing& axis, const DurationHistogram& histogram, double start,
                     double length, std::int32_t& ticksLeft) {
   const GraphFrame& frame = axis.View.Frame;
-  const std::int32_t ticks = std::clamp(histogram.TicksPerDecade, 1, kMostTicks);
+  const std::int32_t ticks = std::min(histogram.TicksPerDecade, kMostTicks);
   for (std::int32_t m = 2; m <= ticks + 1; ++m) {
     const double x = start + OffsetOfMinor(m, ticks) * histogram.PixelsPerDecade;
     if (LiesBeyond(x, frame.PlotRight) || ticksLeft <= 0) return false;
@@ -63,89 +48,75 @@ bool DrawMinorTicks(AxisDrawing& axis, const DurationHistogram& histogram, doubl
   return true;
 }
 
-void PaintDuration(ChildWindow* window, const DeviceRecord& device) {
-  PaintHistogram(window, ViewKind::Duration, device);
-}
-
-}  // namespace
-
-void DrawDuration(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
-  const Drawing drawing{sink, workspace.Graphics};
-  GraphFrame& frame = ViewOf(workspace, ViewKind::Duration).Frame;
-  LayoutDuration(workspace, sink, rect);
+void DrawXAxis(AxisDrawing& axis, const DurationHistogram& histogram, const IntRect& rect) {
+  const GraphFrame& frame = axis.View.Frame;
+  const double height = GraphHeight(rect);
   const double base = frame.PlotBottom;
-  frame.PlotBottom += 1.0;  // the axis stands just below the bars
-  DrawDurationXAxis(workspace, sink, rect);
-  frame.PlotBottom = base;
-  if (HasFailed(drawing)) return;
-  DrawDurationYAxis(workspace, sink, rect);
-  if (HasFailed(drawing)) return;
-  DrawDurationBars(workspace, sink);
-  if (HasFailed(drawing)) return;
-  DrawDurationFit(workspace, sink);
-}
-
-void DrawDurationXAxis(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
-  const DurationHistogram& histogram = workspace.Duration;
-  const GraphFrame& frame = ViewOf(workspace, ViewKind::Duration).Frame;
-  const Drawing drawing{sink, workspace.Graphics};
-  AxisDrawing axis = BeginAxis(drawing, workspace);
-  const double height = static_cast<double>(rect.Bottom) - rect.Top;
-  const double base = frame.PlotBottom;
-  DrawAxisTitle(axis, (frame.PlotRight - frame.PlotLeft) / 3.0 + frame.PlotLeft,
-                TitleBaseline(histogram, frame, height), "log Duration (s)");
+  DrawAxisTitle(axis, TitlePlace(histogram, frame, height), "log Duration (s)");
   DrawAxisLine(axis, frame.PlotLeft, base, frame.PlotRight, base);
   std::int32_t ticksLeft = kMostTicks;
   for (std::int32_t k = 0; k <= std::min(histogram.Decades, kMostTicks); ++k) {
     const double x = frame.PlotLeft + k * histogram.PixelsPerDecade;
-    DrawAxisLine(axis, x, base, x, base + height / 48.0);
+    DrawAxisLine(axis, x, base, x, base + MajorTickLength(height));
     char text[kNumberTextSize] = "";
     IntegerText(TruncateToInteger(static_cast<double>(histogram.MinimumExponent) + k), text);
-    DrawNumberAt(axis, x, base + height / 15.0, text);
-    if (!DrawMinorTicks(axis, histogram, x, height / 75.0, ticksLeft)) return;
+    DrawNumberAt(axis, x, base + NumberDistance(height), text);
+    if (!DrawMinorTicks(axis, histogram, x, MinorTickLength(height), ticksLeft)) return;
   }
+}
+
+/// Unlike the twin, which asks for a count above 0.
+bool HasTicks(const DurationHistogram& histogram) {
+  return histogram.YMaximum != 0.0;
+}
+
+bool IsMirrored(const DurationHistogram& histogram) {
+  return !histogram.ConstrainPositive;
+}
+
+/// The right end is one power of the sum: the product of two powers can come out below it.
+bool LiesOnAxis(const DurationHistogram& histogram, std::size_t term) {
+  const double time = histogram.Terms[term].TimeConstant;
+  return time >= std::pow(10.0, histogram.MinimumExponent) &&
+         time <= std::pow(10.0, MaximumOf(histogram));
+}
+
+constexpr HistogramTwin<DurationHistogram> kTwin = {
+    .View = ViewKind::Duration,
+    .Shown = &Workspace::Duration,
+    .DrawXAxis = DrawXAxis,
+    .HasTicks = HasTicks,
+    .IsMirrored = IsMirrored,
+    .LiesOnAxis = LiesOnAxis,
+    .PlaceMarker = PlaceDurationMarker,
+    .DrawCurve = DrawDurationCurve,
+};
+
+}  // namespace
+
+void DrawDuration(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
+  DrawSteps(kTwin, workspace, sink, rect);
+}
+
+void DrawDurationXAxis(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
+  AxisDrawing axis = BeginAxes(kTwin, workspace, sink);
+  DrawXAxis(axis, workspace.Duration, rect);
 }
 
 void DrawDurationYAxis(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
-  const DurationHistogram& histogram = workspace.Duration;
-  const Drawing drawing{sink, workspace.Graphics};
-  AxisDrawing axis = BeginAxis(drawing, workspace);
-  CountScale scale = ScaleOf(histogram);
-  scale.HasTicks = histogram.YMaximum != 0.0;
-  scale.Mirrored = !histogram.ConstrainPositive;
-  DrawCountAxis(axis, axis.View.Frame, static_cast<double>(rect.Right) - rect.Left, scale);
+  AxisDrawing axis = BeginAxes(kTwin, workspace, sink);
+  DrawYAxisOf(kTwin, axis, workspace.Duration, rect);
 }
 
 void DrawDurationBars(Workspace& workspace, const GraphicsSink& sink) {
-  const DurationHistogram& histogram = workspace.Duration;
-  if (histogram.Bins == nullptr || histogram.YMaximum == 0.0) return;
-  DescribeBins(workspace.Graphics, histogram);
-  DrawBarsOf({sink, workspace.Graphics}, ViewOf(workspace, ViewKind::Duration),
-             histogram.HistogramStyle, histogram.Bins);
+  DrawBarsOf(kTwin, workspace, sink);
 }
 
 void DrawDurationFit(Workspace& workspace, const GraphicsSink& sink) {
-  if (ViewOf(workspace, ViewKind::DurationFit).Window == nullptr) return;
-  DurationHistogram& histogram = workspace.Duration;
-  const Drawing drawing{sink, workspace.Graphics};
-  const FitStyle style = histogram.FitStyle;
-  const std::int32_t terms = UsedTerms(histogram.TermCount);
-  DescribeBins(workspace.Graphics, histogram);
-  SetStrokeColor(drawing, ColorOf(ViewOf(workspace, ViewKind::Duration), HistogramColor::Fit));
-  if (style == FitStyle::Sum || style == FitStyle::Both) DrawCurve(drawing, workspace, 0, terms);
-  histogram.MarkerCount = 0;
-  for (std::int32_t term = 0; term < terms; ++term) {
-    if (HasFailed(drawing)) return;
-    if (LiesOnAxis(histogram, histogram.Terms[static_cast<std::size_t>(term)])) {
-      PlaceDurationMarker(workspace, sink, term, histogram.MarkerCount++);
-    }
-    if (HasFailed(drawing)) return;
-    if (style == FitStyle::Component || style == FitStyle::Both) {
-      DrawCurve(drawing, workspace, term, term + 1);
-    }
-  }
+  DrawFitOf(kTwin, workspace, sink);
 }
 
-const ViewRoutines kDurationViewRoutines = {.Paint = PaintDuration, .Mouse = &kDurationMouse};
+const ViewRoutines kDurationViewRoutines = {.Paint = PaintHistogramView<ViewKind::Duration>,
+                                            .Mouse = &kDurationMouse};
 
 }  // namespace ondrel

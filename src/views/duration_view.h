@@ -7,13 +7,27 @@
 
 namespace ondrel {
 
-/// Draws the whole view in the order X axis, Y axis, bars, fit, after a layout for `rect`. Stops
-/// between them when the sink has failed.
+// All of these draw what the last layout computed, which must have been made for the same `rect`
+// and sink.
+
+/// Draws the whole view in the order X axis, Y axis, bars, fit. Stops between them when the sink
+/// has failed.
 void DrawDuration(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect);
 
+/// The axis of log time at the frame's `PlotBottom` as it stands; the whole view has it one device
+/// unit below the bars.
 void DrawDurationXAxis(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect);
+
+/// The axis of counts, mirrored below the line of count zero unless areas are kept positive;
+/// without a count it has the number 0 alone.
 void DrawDurationYAxis(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect);
+
+/// Nothing without bins, or without a count.
 void DrawDurationBars(Workspace& workspace, const GraphicsSink& sink);
+
+/// The curves and handles of the fit; nothing while the view of its parameters is closed. Writes
+/// `MarkerCount` and the markers anew, by which the mouse finds the terms. Stops between the terms
+/// when the sink has failed.
 void DrawDurationFit(Workspace& workspace, const GraphicsSink& sink);
 
 extern const ViewRoutines kDurationViewRoutines;

@@ -30,67 +30,56 @@ struct Handles {
   const std::int32_t& TermCount;
 };
 
-using MouseHandler = void (*)(ChildWindow* window, int x, int y);
+// What differs between the histograms. LowestPeak is how far down a peak can be dragged; with
+// FollowPeak the term goes where its handle stands.
 
-struct EstimateTwin {
-  ViewKind Histogram;
-  ViewKind Fit;
-  void (*ManualFit)(FrameWindow* frame);
-  Handles (*HandlesOf)(Workspace& workspace);
-  void (*AddTerm)(Workspace& workspace, const GraphFrame& frame, double x);
-  void (*RemoveTerm)(Workspace& workspace, std::int32_t marker);
-  /// How far down a peak can be dragged.
-  std::int32_t (*LowestPeak)(ChildWindow* window, const GraphFrame& frame);
-  /// The term follows its handle.
-  void (*FollowPeak)(Workspace& workspace, const GraphFrame& frame, const TermMarker& handle);
-  MouseHandler DragPeak;
-  MouseHandler DragWidth;  // null: the terms have no width
-  MouseHandler CommitIfMoved;
-  MouseHandler CommitAlways;
+struct Amplitude {
+  static constexpr ViewKind kView = ViewKind::Amplitude;
+  static constexpr auto ManualFit = ManualAmplitudeFit;
+
+  static AmplitudeHistogram& In(Workspace& workspace) { return workspace.Amplitude; }
+
+  static Handles HandlesOf(AmplitudeHistogram& histogram) {
+    return {histogram.PeakMarkers, &histogram.WidthMarkers, histogram.MarkerCount,
+            histogram.TermCount};
+  }
+
+  static std::int32_t LowestPeak(ChildWindow*, const GraphFrame& frame) {
+    return TruncateToInteger(frame.PlotBottom);
+  }
+
+  static void FollowPeak(AmplitudeHistogram& histogram, const GraphFrame& frame,
+                         const TermMarker& handle) {
+    const double half = MarkerHalf(frame);
+    MovePeak(histogram, frame, handle.TermIndex, handle.Left + half,
+             frame.PlotBottom - handle.Top - half);
+  }
 };
 
-Handles AmplitudeHandles(Workspace& workspace) {
-  AmplitudeHistogram& histogram = workspace.Amplitude;
-  return {histogram.PeakMarkers, &histogram.WidthMarkers, histogram.MarkerCount,
-          histogram.TermCount};
-}
+struct Duration {
+  static constexpr ViewKind kView = ViewKind::Duration;
+  static constexpr auto ManualFit = ManualDurationFit;
 
-Handles DurationHandles(Workspace& workspace) {
-  DurationHistogram& histogram = workspace.Duration;
-  return {histogram.Markers, nullptr, histogram.MarkerCount, histogram.TermCount};
-}
+  static DurationHistogram& In(Workspace& workspace) { return workspace.Duration; }
 
-template <auto kHistogram>
-void AddTermTo(Workspace& workspace, const GraphFrame& frame, double x) {
-  AddTerm(workspace.*kHistogram, frame, x);
-}
+  static Handles HandlesOf(DurationHistogram& histogram) {
+    return {histogram.Markers, nullptr, histogram.MarkerCount, histogram.TermCount};
+  }
 
-template <auto kHistogram>
-void RemoveTermFrom(Workspace& workspace, std::int32_t marker) {
-  RemoveTerm(workspace.*kHistogram, marker);
-}
+  /// A user may pull a duration below the line of count zero, unless the view shows nothing there.
+  static std::int32_t LowestPeak(ChildWindow* window, const GraphFrame& frame) {
+    if (window->Owner->Duration.ConstrainPositive) return TruncateToInteger(frame.PlotBottom);
+    return TruncateToInteger(toolkit::ClientRect(window).Bottom - MarkerHalf(frame));
+  }
 
-std::int32_t LowestAmplitudePeak(ChildWindow*, const GraphFrame& frame) {
-  return TruncateToInteger(frame.PlotBottom);
-}
-
-/// A user may pull a duration below the line of count zero, unless the view shows nothing there.
-std::int32_t LowestDurationPeak(ChildWindow* window, const GraphFrame& frame) {
-  if (window->Owner->Duration.ConstrainPositive) return TruncateToInteger(frame.PlotBottom);
-  return TruncateToInteger(toolkit::ClientRect(window).Bottom - MarkerHalf(frame));
-}
-
-void FollowAmplitudePeak(Workspace& workspace, const GraphFrame& frame, const TermMarker& handle) {
-  const double half = MarkerHalf(frame);
-  MovePeak(workspace.Amplitude, frame, handle.TermIndex, handle.Left + half,
-           frame.PlotBottom - handle.Top - half);
-}
-
-void FollowDurationPeak(Workspace& workspace, const GraphFrame& frame, const TermMarker& handle) {
-  const double half = MarkerHalf(frame);
-  MovePeak(workspace.Duration, frame, handle.TermIndex, handle.Left + half,
-           frame.PlotBottom - (handle.Top + half));
-}
+  /// The rise is taken in another order than an amplitude's, which can tell in its last bit.
+  static void FollowPeak(DurationHistogram& histogram, const GraphFrame& frame,
+                         const TermMarker& handle) {
+    const double half = MarkerHalf(frame);
+    MovePeak(histogram, frame, handle.TermIndex, handle.Left + half,
+             frame.PlotBottom - (handle.Top + half));
+  }
+};
 
 // --- Handles -------------------------------------------------------------------------------------
 
@@ -102,18 +91,12 @@ bool Contains(const TermMarker& marker, int x, int y) {
   return x >= marker.Left && x <= marker.Right && y >= marker.Top && y <= marker.Bottom;
 }
 
-/// Handles outlive their terms until the histogram is drawn again.
-bool HasTerm(const Handles& handles, std::int32_t marker) {
-  return At(handles.Peaks, marker).TermIndex < handles.TermCount;
-}
-
 bool IsPeakHit(const Handles& handles, std::int32_t marker, int x, int y) {
-  return HasTerm(handles, marker) && Contains(At(handles.Peaks, marker), x, y);
+  return Contains(At(handles.Peaks, marker), x, y);
 }
 
 bool IsWidthHit(const Handles& handles, std::int32_t marker, int x, int y) {
-  return handles.Widths != nullptr && HasTerm(handles, marker) &&
-         Contains(At(*handles.Widths, marker), x, y);
+  return handles.Widths != nullptr && Contains(At(*handles.Widths, marker), x, y);
 }
 
 /// The first marker whose peak is under the place; MarkerCount when there is none.
@@ -125,9 +108,8 @@ std::int32_t FindPeak(const Handles& handles, int x, int y) {
 
 /// The marker of a term; the first slot behind the markers when the term has none.
 std::int32_t FindMarkerOf(const Handles& handles, std::int32_t term) {
-  const std::int32_t end = std::min(handles.MarkerCount, static_cast<std::int32_t>(kTermSlots) - 1);
   std::int32_t marker = 0;
-  while (marker < end && At(handles.Peaks, marker).TermIndex != term) ++marker;
+  while (marker < handles.MarkerCount && At(handles.Peaks, marker).TermIndex != term) ++marker;
   return marker;
 }
 
@@ -139,23 +121,25 @@ enum class DraggedHandle : std::uint8_t { Peak, Width };
 /// dragged one goes back to where the mouse has it, since a slow drag would drift otherwise. A term
 /// that has just left the axis has no marker any more: its handle then waits in the slot behind the
 /// markers, so that the same drag can bring the term back.
-void RedrawWhileDragged(const EstimateTwin& twin, Workspace& workspace, DraggedHandle dragged) {
-  std::int32_t& picked = ViewOf(workspace, twin.Histogram).Gesture.PickedMarker;
-  const Handles handles = twin.HandlesOf(workspace);
+template <typename Twin>
+void RedrawWhileDragged(Workspace& workspace, DraggedHandle dragged) {
+  std::int32_t& picked = ViewOf(workspace, Twin::kView).Gesture.PickedMarker;
+  const Handles handles = Twin::HandlesOf(Twin::In(workspace));
   const TermMarker peak = At(handles.Peaks, picked);
   const TermMarker width =
       dragged == DraggedHandle::Width ? At(*handles.Widths, picked) : TermMarker{};
-  RedrawHistogram(workspace, twin.Histogram);
+  RedrawHistogram(workspace, Twin::kView);
   picked = FindMarkerOf(handles, peak.TermIndex);
   At(handles.Peaks, picked) = peak;
   if (dragged == DraggedHandle::Width) At(*handles.Widths, picked) = width;
 }
 
-void EndMove(const EstimateTwin& twin, Workspace& workspace, int x, int y) {
-  MouseGesture& gesture = ViewOf(workspace, twin.Histogram).Gesture;
+template <typename Twin>
+void EndMove(Workspace& workspace, int x, int y) {
+  MouseGesture& gesture = ViewOf(workspace, Twin::kView).Gesture;
   gesture.LastX = x;
   gesture.LastY = y;
-  RedrawFitView(workspace, twin.Fit);
+  RedrawFitView(workspace, FitViewOf(Twin::kView));
 }
 
 int LimitToPlot(const GraphFrame& frame, int x) {
@@ -171,21 +155,21 @@ void CentreHandle(TermMarker& handle, const GraphFrame& frame, int x, int y) {
   handle.Bottom = TruncateToInteger(y + half);
 }
 
-void DragPeak(const EstimateTwin& twin, ChildWindow* window, int x, int y) {
+template <typename Twin>
+void DragPeak(ChildWindow* window, int x, int y) {
   Workspace& workspace = *window->Owner;
-  const ViewState& view = ViewOf(workspace, twin.Histogram);
+  auto& histogram = Twin::In(workspace);
+  const ViewState& view = ViewOf(workspace, Twin::kView);
   const MouseGesture& gesture = view.Gesture;
-  const Handles handles = twin.HandlesOf(workspace);
   x = LimitToPlot(view.Frame, x);
-  y = std::min(y, twin.LowestPeak(window, view.Frame));
-  const bool moved = x != gesture.LastX || y != gesture.LastY;
-  if (moved && HasTerm(handles, gesture.PickedMarker)) {
-    TermMarker& peak = At(handles.Peaks, gesture.PickedMarker);
+  y = std::min(y, Twin::LowestPeak(window, view.Frame));
+  if (x != gesture.LastX || y != gesture.LastY) {
+    TermMarker& peak = At(Twin::HandlesOf(histogram).Peaks, gesture.PickedMarker);
     CentreHandle(peak, view.Frame, x, y);
-    twin.FollowPeak(workspace, view.Frame, peak);
-    RedrawWhileDragged(twin, workspace, DraggedHandle::Peak);
+    Twin::FollowPeak(histogram, view.Frame, peak);
+    RedrawWhileDragged<Twin>(workspace, DraggedHandle::Peak);
   }
-  EndMove(twin, workspace, x, y);
+  EndMove<Twin>(workspace, x, y);
 }
 
 /// The handle of a width stays between that of its peak and the end of the plot.
@@ -196,32 +180,33 @@ bool MayStand(const TermMarker& width, const TermMarker& peak, const GraphFrame&
 }
 
 /// A move that is not taken is forgotten: the handle follows the next one from where it stands.
-void DragWidth(const EstimateTwin& twin, ChildWindow* window, int x, int y) {
+void DragWidth(ChildWindow* window, int x, int y) {
   Workspace& workspace = *window->Owner;
-  const ViewState& view = ViewOf(workspace, twin.Histogram);
-  const Handles handles = twin.HandlesOf(workspace);
+  AmplitudeHistogram& histogram = workspace.Amplitude;
+  const ViewState& view = ViewOf(workspace, ViewKind::Amplitude);
   const std::int32_t picked = view.Gesture.PickedMarker;
   const int dx = x - view.Gesture.LastX;
-  TermMarker& width = At(*handles.Widths, picked);
-  if (dx != 0 && HasTerm(handles, picked) &&
-      MayStand(width, At(handles.Peaks, picked), view.Frame, dx)) {
+  TermMarker& width = At(histogram.WidthMarkers, picked);
+  if (dx != 0 && MayStand(width, At(histogram.PeakMarkers, picked), view.Frame, dx)) {
     width.Left += dx;
     width.Right += dx;
-    MoveWidth(workspace.Amplitude, view.Frame, width.TermIndex, width.Left);
-    RedrawWhileDragged(twin, workspace, DraggedHandle::Width);
+    MoveWidth(histogram, view.Frame, width.TermIndex, width.Left);
+    RedrawWhileDragged<Amplitude>(workspace, DraggedHandle::Width);
   }
-  EndMove(twin, workspace, x, y);
+  EndMove<Amplitude>(workspace, x, y);
 }
 
-void CommitAlways(const EstimateTwin& twin, ChildWindow* window, int, int) {
-  RedrawFitView(*window->Owner, twin.Fit);
-  RepaintView(*window->Owner, twin.Histogram);
+template <typename Twin>
+void CommitAlways(ChildWindow* window, int, int) {
+  RedrawFitView(*window->Owner, FitViewOf(Twin::kView));
+  RepaintView(*window->Owner, Twin::kView);
 }
 
-void CommitIfMoved(const EstimateTwin& twin, ChildWindow* window, int x, int y) {
-  const MouseGesture& gesture = ViewOf(*window->Owner, twin.Histogram).Gesture;
+template <typename Twin>
+void CommitIfMoved(ChildWindow* window, int x, int y) {
+  const MouseGesture& gesture = ViewOf(*window->Owner, Twin::kView).Gesture;
   if (x == gesture.PressX && y == gesture.PressY) return;
-  CommitAlways(twin, window, x, y);
+  CommitAlways<Twin>(window, x, y);
 }
 
 // --- Presses -------------------------------------------------------------------------------------
@@ -232,31 +217,34 @@ bool IsNearAxis(const GraphFrame& frame, int x, int y) {
 }
 
 /// The last term cannot be removed.
-void AddOrRemoveTerm(const EstimateTwin& twin, Workspace& workspace, int x, int y) {
-  ViewState& view = ViewOf(workspace, twin.Histogram);
-  const Handles handles = twin.HandlesOf(workspace);
+template <typename Twin>
+void AddOrRemoveTerm(Workspace& workspace, int x, int y) {
+  ViewState& view = ViewOf(workspace, Twin::kView);
+  auto& histogram = Twin::In(workspace);
+  const Handles handles = Twin::HandlesOf(histogram);
   const std::int32_t marker = FindPeak(handles, x, y);
   if (marker < handles.MarkerCount) {
     if (handles.TermCount == 1) return;
-    twin.RemoveTerm(workspace, marker);
+    RemoveTerm(histogram, marker);
   } else {
     if (!IsNearAxis(view.Frame, x, y)) return;
     if (handles.TermCount >= kMaxTerms) return;
-    twin.AddTerm(workspace, view.Frame, x);
+    AddTerm(histogram, view.Frame, x);
   }
-  view.Gesture.OnRelease = twin.CommitAlways;
+  view.Gesture.OnRelease = CommitAlways<Twin>;
 }
 
 /// Picks the first handle under the place. Where two of one term overlap it is the peak's.
-void PickHandle(const EstimateTwin& twin, Workspace& workspace, int x, int y) {
-  MouseGesture& gesture = ViewOf(workspace, twin.Histogram).Gesture;
-  const Handles handles = twin.HandlesOf(workspace);
+template <typename Twin>
+void PickHandle(Workspace& workspace, int x, int y) {
+  MouseGesture& gesture = ViewOf(workspace, Twin::kView).Gesture;
+  const Handles handles = Twin::HandlesOf(Twin::In(workspace));
   for (std::int32_t i = 0; i < handles.MarkerCount; ++i) {
     const bool peak = IsPeakHit(handles, i, x, y);
     if (!peak && !IsWidthHit(handles, i, x, y)) continue;
     gesture.PickedMarker = i;
-    gesture.OnMove = peak ? twin.DragPeak : twin.DragWidth;
-    gesture.OnRelease = twin.CommitIfMoved;
+    gesture.OnMove = peak ? DragPeak<Twin> : DragWidth;
+    gesture.OnRelease = CommitIfMoved<Twin>;
     return;
   }
 }
@@ -270,89 +258,44 @@ bool IsSecondOfDouble(Workspace& workspace) {
   return since <= toolkit::DoubleClickTime();
 }
 
-void Press(const EstimateTwin& twin, ChildWindow* window, int x, int y) {
+template <typename Twin>
+void Press(ChildWindow* window, int x, int y) {
   Workspace& workspace = *window->Owner;
-  MouseGesture& gesture = ViewOf(workspace, twin.Histogram).Gesture;
+  MouseGesture& gesture = ViewOf(workspace, Twin::kView).Gesture;
   gesture.OnMove = nullptr;
   gesture.OnRelease = nullptr;
   const bool second = IsSecondOfDouble(workspace);
-  if (ViewOf(workspace, twin.Fit).Window == nullptr) {
-    if (second) twin.ManualFit(workspace.Frame);
+  if (ViewOf(workspace, FitViewOf(Twin::kView)).Window == nullptr) {
+    if (second) Twin::ManualFit(workspace.Frame);
     return;
   }
   workspace.ClickKind = second ? ClickChoice::SecondOfDouble : ClickChoice::Single;
   gesture.PressX = gesture.LastX = x;
   gesture.PressY = gesture.LastY = y;
   if (second) {
-    AddOrRemoveTerm(twin, workspace, x, y);
+    AddOrRemoveTerm<Twin>(workspace, x, y);
   } else {
-    PickHandle(twin, workspace, x, y);
+    PickHandle<Twin>(workspace, x, y);
   }
 }
 
-void Move(const EstimateTwin& twin, ChildWindow* window, int x, int y) {
-  const MouseGesture& gesture = ViewOf(*window->Owner, twin.Histogram).Gesture;
+template <typename Twin>
+void Move(ChildWindow* window, int x, int y) {
+  const MouseGesture& gesture = ViewOf(*window->Owner, Twin::kView).Gesture;
   if (gesture.OnMove != nullptr) gesture.OnMove(window, x, y);
 }
 
-void Release(const EstimateTwin& twin, ChildWindow* window, int x, int y) {
-  const MouseGesture& gesture = ViewOf(*window->Owner, twin.Histogram).Gesture;
+template <typename Twin>
+void Release(ChildWindow* window, int x, int y) {
+  const MouseGesture& gesture = ViewOf(*window->Owner, Twin::kView).Gesture;
   if (gesture.OnRelease != nullptr) gesture.OnRelease(window, x, y);
 }
-
-// --- The tables ----------------------------------------------------------------------------------
-
-using TwinHandler = void (*)(const EstimateTwin& twin, ChildWindow* window, int x, int y);
-
-template <const EstimateTwin& kTwin, TwinHandler kHandler>
-void Handle(ChildWindow* window, int x, int y) {
-  kHandler(kTwin, window, x, y);
-}
-
-extern const EstimateTwin kAmplitudeTwin;
-const EstimateTwin kAmplitudeTwin = {
-    .Histogram = ViewKind::Amplitude,
-    .Fit = ViewKind::AmplitudeFit,
-    .ManualFit = ManualAmplitudeFit,
-    .HandlesOf = AmplitudeHandles,
-    .AddTerm = AddTermTo<&Workspace::Amplitude>,
-    .RemoveTerm = RemoveTermFrom<&Workspace::Amplitude>,
-    .LowestPeak = LowestAmplitudePeak,
-    .FollowPeak = FollowAmplitudePeak,
-    .DragPeak = Handle<kAmplitudeTwin, DragPeak>,
-    .DragWidth = Handle<kAmplitudeTwin, DragWidth>,
-    .CommitIfMoved = Handle<kAmplitudeTwin, CommitIfMoved>,
-    .CommitAlways = Handle<kAmplitudeTwin, CommitAlways>,
-};
-
-extern const EstimateTwin kDurationTwin;
-const EstimateTwin kDurationTwin = {
-    .Histogram = ViewKind::Duration,
-    .Fit = ViewKind::DurationFit,
-    .ManualFit = ManualDurationFit,
-    .HandlesOf = DurationHandles,
-    .AddTerm = AddTermTo<&Workspace::Duration>,
-    .RemoveTerm = RemoveTermFrom<&Workspace::Duration>,
-    .LowestPeak = LowestDurationPeak,
-    .FollowPeak = FollowDurationPeak,
-    .DragPeak = Handle<kDurationTwin, DragPeak>,
-    .DragWidth = nullptr,
-    .CommitIfMoved = Handle<kDurationTwin, CommitIfMoved>,
-    .CommitAlways = Handle<kDurationTwin, CommitAlways>,
-};
 
 }  // namespace
 
 const MouseRoutines kAmplitudeMouse = {
-    .Down = Handle<kAmplitudeTwin, Press>,
-    .Move = Handle<kAmplitudeTwin, Move>,
-    .Up = Handle<kAmplitudeTwin, Release>,
-};
-
+    .Down = Press<Amplitude>, .Move = Move<Amplitude>, .Up = Release<Amplitude>};
 const MouseRoutines kDurationMouse = {
-    .Down = Handle<kDurationTwin, Press>,
-    .Move = Handle<kDurationTwin, Move>,
-    .Up = Handle<kDurationTwin, Release>,
-};
+    .Down = Press<Duration>, .Move = Move<Duration>, .Up = Release<Duration>};
 
 }  // namespace ondrel

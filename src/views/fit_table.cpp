@@ -7,6 +7,7 @@
 
 #include "fit/amplitude_model.h"
 #include "fit/duration_model.h"
+#include "fit/histogram_axis.h"
 #include "shell/toolkit.h"
 #include "views/formula_pictures.h"
 #include "views/screen_drawing.h"
@@ -39,7 +40,7 @@ void WriteWithUnit(double value, char letter, const char* unit, char* text) {
 }
 
 template <auto Field>
-void CurrentCell(const Workspace& workspace, std::int32_t row, char* text) {
+void WithPicoamperes(const Workspace& workspace, std::int32_t row, char* text) {
   WriteWithUnit(AmplitudeTermAt(workspace, row).*Field, 'f', "pA", text);
 }
 
@@ -50,10 +51,10 @@ void TimeConstantCell(const Workspace& workspace, std::int32_t row, char* text) 
 // The template of the last column names another word than its header; it is only a measure.
 constexpr TableColumn kAmplitudeColumns[] = {
     {"EETerm", nullptr, nullptr, "Term", NumberCell},
-    {"CurrentEEE", nullptr, nullptr, "Current", CurrentCell<&AmplitudeTerm::Current>},
+    {"CurrentEEE", nullptr, nullptr, "Current", WithPicoamperes<&AmplitudeTerm::Current>},
     {"WeightEEEEE", nullptr, nullptr, "Weight",
      RealCell<AmplitudeTermAt, &AmplitudeTerm::Weight, kDecimals>},
-    {"VarianceEEEE", nullptr, nullptr, "StdDev", CurrentCell<&AmplitudeTerm::StdDev>},
+    {"VarianceEEEE", nullptr, nullptr, "StdDev", WithPicoamperes<&AmplitudeTerm::StdDev>},
 };
 
 constexpr TableColumn kDurationColumns[] = {
@@ -88,7 +89,7 @@ double LogLikelihoodOf(const Workspace& workspace) {
 
 template <auto Histogram>
 std::int32_t TermsOf(const Workspace& workspace) {
-  return (workspace.*Histogram).TermCount;
+  return static_cast<std::int32_t>(CountTerms(workspace.*Histogram));
 }
 
 constexpr FitTable kAmplitudeTable = {
@@ -135,18 +136,21 @@ std::int32_t DrawFormula(Workspace& workspace, const FitTable& table, const IntR
   return toolkit::DrawImage(workspace.Graphics.Device, picture.Resource, place);
 }
 
+void DrawLabelled(const Drawing& drawing, double x, double baseline, const char* label,
+                  const char* number) {
+  constexpr std::size_t kLongestLabel = 30;
+  char text[kLongestLabel + kNumberTextSize] = "";
+  std::snprintf(text, sizeof text, "%s%s", label, number);
+  DrawTextFrom(drawing, x, baseline, text);
+}
+
 void DrawSummary(const Drawing& drawing, const Workspace& workspace, const FitTable& table,
                  double left, double baseline, double lineHeight) {
-  char text[64] = "";
-  std::snprintf(text, sizeof text, "Events in histogram: %d",
-                static_cast<int>(table.Events(workspace)));
-  DrawTextFrom(drawing, left, baseline, text);
-
-  constexpr char kLabel[] = "Log likelihood: ";
-  char likelihood[sizeof kLabel + kNumberTextSize] = "";
-  std::strcpy(likelihood, kLabel);
-  RealText(table.LogLikelihood(workspace), 4, 'E', likelihood + sizeof kLabel - 1);
-  DrawTextFrom(drawing, left, baseline + lineHeight, likelihood);
+  char number[kNumberTextSize] = "";
+  IntegerText(table.Events(workspace), number);
+  DrawLabelled(drawing, left, baseline, "Events in histogram: ", number);
+  RealText(table.LogLikelihood(workspace), 4, 'E', number);
+  DrawLabelled(drawing, left, baseline + lineHeight, "Log likelihood: ", number);
 }
 
 /// `baseline` is that of the line above the header's.
@@ -161,6 +165,7 @@ void DrawTerms(const Drawing& drawing, const Workspace& workspace, const FitTabl
   }
 }
 
+/// There is no setting for the colour of the text: it is the black with which every device begins.
 void DrawBelowFormula(const Drawing& drawing, const Workspace& workspace, const FitTable& table,
                       const IntRect& formula, std::int32_t lineHeight) {
   const double baseline = formula.Bottom + lineHeight / 2;
@@ -177,13 +182,6 @@ void DrawFormulaFailure(const Drawing& drawing, std::int32_t error, const IntRec
   std::snprintf(text, sizeof text, "Fail in loading the resource bitmap! Error code %d",
                 static_cast<int>(error));
   DrawTextFrom(drawing, rect.Left + kIndent, lineHeight, text);
-}
-
-/// There is no setting for the colour of the text; it is chosen here for every destination.
-Drawing BeginTable(Workspace& workspace, const GraphicsSink& sink) {
-  const Drawing drawing{sink, workspace.Graphics};
-  SetFillColor(drawing, kBlack);
-  return drawing;
 }
 
 void MeasureFitColumns(Workspace& workspace, const FitTable& table, const IntRect& rect) {
@@ -209,7 +207,7 @@ void MeasureDurationFitColumns(Workspace& workspace, const IntRect& rect) {
 
 void DrawAmplitudeFitTable(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect,
                            double dpi, std::int32_t lineHeight) {
-  const Drawing drawing = BeginTable(workspace, sink);
+  const Drawing drawing{sink, workspace.Graphics};
   const IntRect formula = PlaceFormula(workspace, kAmplitudeTable, rect, dpi);
   const std::int32_t error = DrawFormula(workspace, kAmplitudeTable, formula);
   if (error != 0) {
@@ -224,7 +222,7 @@ void DrawDurationFitTable(Workspace& workspace, const GraphicsSink& sink, const 
   // Unlike its twin this table tells no failure and stands without its formula. The one code that
   // keeps it away is none of those that a missing picture has.
   constexpr std::int32_t kErrorWithoutTable = 1;
-  const Drawing drawing = BeginTable(workspace, sink);
+  const Drawing drawing{sink, workspace.Graphics};
   const IntRect formula = PlaceFormula(workspace, kDurationTable, rect, dpi);
   if (DrawFormula(workspace, kDurationTable, formula) == kErrorWithoutTable) return;
   DrawBelowFormula(drawing, workspace, kDurationTable, formula, lineHeight);

@@ -11,25 +11,30 @@ namespace {
 
 /// What differs between the two views.
 struct FitView {
-  ViewKind Kind;
-  ViewKind HistogramView;
+  ViewKind Histogram;
   void (*MeasureColumns)(Workspace& workspace, const IntRect& rect);
   void (*DrawTable)(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect, double dpi,
                     std::int32_t lineHeight);
 };
 
 constexpr FitView kAmplitudeFit = {
-    .Kind = ViewKind::AmplitudeFit,
-    .HistogramView = ViewKind::Amplitude,
+    .Histogram = ViewKind::Amplitude,
     .MeasureColumns = MeasureAmplitudeFitColumns,
     .DrawTable = DrawAmplitudeFitTable,
 };
 constexpr FitView kDurationFit = {
-    .Kind = ViewKind::DurationFit,
-    .HistogramView = ViewKind::Duration,
+    .Histogram = ViewKind::Duration,
     .MeasureColumns = MeasureDurationFitColumns,
     .DrawTable = DrawDurationFitTable,
 };
+
+const ViewState& StateOf(const Workspace& workspace, const FitView& fit) {
+  return ViewOf(workspace, FitViewOf(fit.Histogram));
+}
+
+const RgbColor& BackgroundOf(const Workspace& workspace, const FitView& fit) {
+  return ColorOf(StateOf(workspace, fit), FitColor::Background);
+}
 
 // --- Drawing -------------------------------------------------------------------------------------
 
@@ -59,8 +64,19 @@ void DrawInWindow(ChildWindow* window, const FitView& fit, const DeviceRecord& d
 
 template <const FitView& kFit>
 void Paint(ChildWindow* window, const DeviceRecord& device) {
-  const ViewState& view = ViewOf(*window->Owner, kFit.Kind);
-  DrawInWindow(window, kFit, device, ColorOf(view, FitColor::Background));
+  DrawInWindow(window, kFit, device, BackgroundOf(*window->Owner, kFit));
+}
+
+void RedrawOn(Workspace& workspace, const FitView& fit, const RgbColor& background) {
+  ChildWindow* window = StateOf(workspace, fit).Window;
+  if (window == nullptr) return;
+  DeviceRecord device = toolkit::AcquireDevice(window);
+  DrawInWindow(window, fit, device, background);
+  toolkit::ReleaseDevice(window, device);
+}
+
+const FitView& FitOf(ViewKind kind) {
+  return kind == FitViewOf(kAmplitudeFit.Histogram) ? kAmplitudeFit : kDurationFit;
 }
 
 // --- Opening and closing -------------------------------------------------------------------------
@@ -69,14 +85,17 @@ void RefreshFitEntries(Workspace& workspace) {
   workspace.Menus.RefreshFitEntries(workspace.Frame);
 }
 
-/// What is left of the terms is the first one, as it is; no marker can be picked any more. The
-/// histogram is painted without curves and markers.
+/// What is left of the terms is the first one, as it is. No marker can be picked any more, and a
+/// drag that is under way ends. The histogram is painted without curves and markers.
 template <typename Histogram>
 void LeaveFit(Workspace& workspace, Histogram& histogram, const FitView& fit) {
   histogram.TermCount = 1;
   histogram.MarkerCount = 0;
+  MouseGesture& gesture = ViewOf(workspace, fit.Histogram).Gesture;
+  gesture.OnMove = nullptr;
+  gesture.OnRelease = nullptr;
   RefreshFitEntries(workspace);
-  RepaintView(workspace, fit.HistogramView);
+  RepaintView(workspace, fit.Histogram);
 }
 
 void LeaveAmplitudeFit(Workspace& workspace) {
@@ -90,24 +109,25 @@ void LeaveDurationFit(Workspace& workspace) {
 template <typename Histogram>
 void ManualFit(FrameWindow* frame, Histogram& histogram, const FitView& fit) {
   Workspace& workspace = *frame->Owner;
-  const ViewState& view = ViewOf(workspace, fit.Kind);
+  const ViewKind kind = FitViewOf(fit.Histogram);
+  const ViewState& view = ViewOf(workspace, kind);
   const bool wasOpen = view.Window != nullptr;
-  OpenView(frame, fit.Kind);
+  OpenView(frame, kind);
   if (wasOpen || view.Window == nullptr) return;
   ResetFirstTerm(histogram);
-  RepaintView(workspace, fit.Kind);
-  RepaintView(workspace, fit.HistogramView);
+  RepaintView(workspace, kind);
+  RepaintView(workspace, fit.Histogram);
 }
 
 }  // namespace
 
 void RedrawFitView(Workspace& workspace, ViewKind kind) {
-  ChildWindow* window = ViewOf(workspace, kind).Window;
-  if (window == nullptr) return;
-  const FitView& fit = kind == ViewKind::AmplitudeFit ? kAmplitudeFit : kDurationFit;
-  DeviceRecord device = toolkit::AcquireDevice(window);
-  DrawInWindow(window, fit, device, kWhite);
-  toolkit::ReleaseDevice(window, device);
+  const FitView& fit = FitOf(kind);
+  RedrawOn(workspace, fit, BackgroundOf(workspace, fit));
+}
+
+void RedrawFitViewOnWhite(Workspace& workspace, ViewKind kind) {
+  RedrawOn(workspace, FitOf(kind), kWhite);
 }
 
 void ManualAmplitudeFit(FrameWindow* frame) {
@@ -118,15 +138,9 @@ void ManualDurationFit(FrameWindow* frame) {
   ManualFit(frame, frame->Owner->Duration, kDurationFit);
 }
 
-const ViewRoutines kAmplitudeFitViewRoutines = {.Paint = Paint<kAmplitudeFit>,
-                                                .Scrolled = nullptr,
-                                                .Mouse = nullptr,
-                                                .Opened = RefreshFitEntries,
-                                                .Closed = LeaveAmplitudeFit};
-const ViewRoutines kDurationFitViewRoutines = {.Paint = Paint<kDurationFit>,
-                                               .Scrolled = nullptr,
-                                               .Mouse = nullptr,
-                                               .Opened = RefreshFitEntries,
-                                               .Closed = LeaveDurationFit};
+const ViewRoutines kAmplitudeFitViewRoutines = {
+    .Paint = Paint<kAmplitudeFit>, .Opened = RefreshFitEntries, .Closed = LeaveAmplitudeFit};
+const ViewRoutines kDurationFitViewRoutines = {
+    .Paint = Paint<kDurationFit>, .Opened = RefreshFitEntries, .Closed = LeaveDurationFit};
 
 }  // namespace ondrel

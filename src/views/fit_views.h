@@ -7,9 +7,12 @@
 
 namespace ondrel {
 
-/// Draws the view `kind`, AmplitudeFit or DurationFit, again at once on white: its numbers follow
-/// gestures and fits. Harmless on a closed view.
+/// Draws the view `kind`, AmplitudeFit or DurationFit, again at once: its numbers follow gestures.
+/// Harmless on a closed view.
 void RedrawFitView(Workspace& workspace, ViewKind kind);
+
+/// The same while a fit runs, on white whatever the view's background.
+void RedrawFitViewOnWhite(Workspace& workspace, ViewKind kind);
 
 /// Opens the view and sets the first term to a start, or brings it to the front when it is open.
 /// A failure is told.

@@ -7,19 +7,10 @@
 #include "fit/duration_histogram.h"
 #include "fit/histogram_axis.h"
 #include "output/plot_primitives.h"
+#include "views/graph_frame.h"
 
 namespace ondrel {
 namespace {
-
-GraphFrame FrameIn(const IntRect& rect) {
-  const double width = static_cast<double>(rect.Right) - rect.Left;
-  const double height = static_cast<double>(rect.Bottom) - rect.Top;
-  return {.PlotLeft = rect.Left + width / 8.0,
-          .PlotRight = rect.Left + width / 1.1428571428571428,
-          .PlotTop = rect.Top + height / 6.0,
-          .PlotBottom = rect.Top + height / 1.2,
-          .LabelOffset = width / 35.0};
-}
 
 double WidthOfBin(const Drawing& drawing, const GraphFrame& frame, std::int64_t binCount) {
   const double width = (frame.PlotRight - frame.PlotLeft) / static_cast<double>(binCount);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "output/plot_geometry.h"
 #include "workspace/number_text.h"
 
 namespace ondrel {
@@ -20,16 +21,16 @@ void UseLabelColor(AxisDrawing& axis) {
   axis.InForce = AxisPart::Labels;
 }
 
-void DrawCount(AxisDrawing& axis, const GraphFrame& frame, double y, double count) {
+void DrawCount(AxisDrawing& axis, double y, double count) {
   char text[kNumberTextSize] = "";
   IntegerText(TruncateToInteger(count), text);
-  DrawNumberUpTo(axis, frame.PlotLeft - frame.LabelOffset, y, text);
+  DrawNumberUpTo(axis, VerticalNumberEnd(axis.View.Frame), y, text);
 }
 
-void DrawCountTick(AxisDrawing& axis, const GraphFrame& frame, double length, double y,
-                   double count) {
-  DrawAxisLine(axis, frame.PlotLeft, y, frame.PlotLeft - length, y);
-  DrawCount(axis, frame, y, count);
+void DrawCountTick(AxisDrawing& axis, double length, double y, double count) {
+  const double left = axis.View.Frame.PlotLeft;
+  DrawAxisLine(axis, left, y, left - length, y);
+  DrawCount(axis, y, count);
 }
 
 /// How far from the line of count zero the tick number `tick` stands.
@@ -39,8 +40,8 @@ double OffsetOfTick(const GraphFrame& frame, const CountScale& scale, double tic
   return std::sqrt(share) * (frame.PlotBottom - frame.PlotTop);
 }
 
-void DrawCountTicks(AxisDrawing& axis, const GraphFrame& frame, double length,
-                    const CountScale& scale) {
+void DrawCountTicks(AxisDrawing& axis, double length, const CountScale& scale) {
+  const GraphFrame& frame = axis.View.Frame;
   const double countsPerTick = std::max(scale.CountsPerTick, 1);
   double former = 0.0;
   for (std::int32_t i = 0; i < kMostTicks; ++i) {
@@ -49,8 +50,8 @@ void DrawCountTicks(AxisDrawing& axis, const GraphFrame& frame, double length,
     if (LiesBeyond(frame.PlotTop, frame.PlotBottom - offset)) return;
     if (i > 0 && !(offset > former)) return;  // a plot without height
     former = offset;
-    DrawCountTick(axis, frame, length, frame.PlotBottom - offset, count);
-    if (scale.Mirrored) DrawCountTick(axis, frame, length, frame.PlotBottom + offset, -count);
+    DrawCountTick(axis, length, frame.PlotBottom - offset, count);
+    if (scale.Mirrored) DrawCountTick(axis, length, frame.PlotBottom + offset, -count);
   }
 }
 
@@ -62,10 +63,10 @@ void DrawAxisLine(AxisDrawing& axis, double x1, double y1, double x2, double y2)
   DrawLine(axis.Target, x1, y1, x2, y2);
 }
 
-void DrawAxisTitle(AxisDrawing& axis, double x, double y, const char* text) {
+void DrawAxisTitle(AxisDrawing& axis, const GraphPlace& place, const char* text) {
   if (!axis.ShowLabels) return;
   UseLabelColor(axis);
-  DrawTextFrom(axis.Target, x, y, text);
+  DrawTextFrom(axis.Target, place.X, place.Y, text);
 }
 
 void DrawNumberAt(AxisDrawing& axis, double x, double y, const char* text) {
@@ -80,21 +81,21 @@ void DrawNumberUpTo(AxisDrawing& axis, double x, double y, const char* text) {
   DrawTextUpTo(axis.Target, x, y, text);
 }
 
-void DrawCountAxis(AxisDrawing& axis, const GraphFrame& frame, double width,
-                   const CountScale& scale) {
+void DrawCountAxis(AxisDrawing& axis, double width, const CountScale& scale) {
+  const GraphFrame& frame = axis.View.Frame;
   const double height = frame.PlotBottom - frame.PlotTop;
   const double end = scale.Mirrored ? height * 2.0 + frame.PlotTop : frame.PlotBottom;
-  DrawAxisTitle(axis, frame.PlotLeft / 2.0, frame.PlotTop * 3.0 / 5.0, "Counts");
+  DrawAxisTitle(axis, VerticalTitlePlace(frame), "Counts");
   DrawAxisLine(axis, frame.PlotLeft, frame.PlotTop, frame.PlotLeft, end);
   if (scale.HasTicks) {
-    DrawCountTicks(axis, frame, width / 48.0, scale);
+    DrawCountTicks(axis, MajorTickLength(width), scale);
   } else {
-    DrawCount(axis, frame, frame.PlotBottom, 0.0);
+    DrawCount(axis, frame.PlotBottom, 0.0);
   }
 }
 
-void DrawBarsOf(const Drawing& drawing, const ViewState& view, HistogramStyle style,
-                const BinRecord* bins) {
+void DrawDescribedBars(const Drawing& drawing, const ViewState& view, HistogramStyle style,
+                       const BinRecord* bins) {
   const RgbColor& color = ColorOf(view, HistogramColor::Histogram);
   if (style == HistogramStyle::Filled) {
     SetFillColor(drawing, color);

@@ -1,10 +1,8 @@
 #include "views/term_markers.h"
 
 #include <cmath>
-#include <numbers>
 
-#include "fit/amplitude_model.h"
-#include "fit/duration_model.h"
+#include "fit/estimates.h"
 #include "output/plot_primitives.h"
 
 namespace ondrel {
@@ -43,10 +41,8 @@ void PlaceAmplitudeMarker(Workspace& workspace, const GraphicsSink& sink, std::i
   const Drawing drawing{sink, workspace.Graphics};
   const auto slot = static_cast<std::size_t>(marker);
   const AmplitudeTerm& shown = histogram.Terms[static_cast<std::size_t>(term)];
-  const double x = frame.PlotLeft + (shown.Current - histogram.Minimum) * histogram.PixelsPerPa;
-  const double y = OnPlot(AmplitudeCurveY(histogram, shown.Current, frame.PlotBottom, frame.PlotTop,
-                                          histogram.PixelsPerCount, term, term + 1),
-                          frame);
+  const double x = PeakX(histogram, frame, shown);
+  const double y = OnPlot(PeakY(histogram, frame, shown), frame);
   histogram.PeakMarkers[slot] = DrawPeakMarker(drawing, frame, x, y, term);
 
   const double reach = shown.StdDev * histogram.CurveScale * histogram.PixelsPerPa / 2.0;
@@ -61,12 +57,8 @@ void PlaceDurationMarker(Workspace& workspace, const GraphicsSink& sink, std::in
   DurationHistogram& histogram = workspace.Duration;
   const GraphFrame& frame = ViewOf(workspace, ViewKind::Duration).Frame;
   const DurationTerm& shown = histogram.Terms[static_cast<std::size_t>(term)];
-  const double logTime = std::log(shown.TimeConstant) / std::numbers::ln10;
-  const double x =
-      frame.PlotLeft + (logTime - histogram.MinimumExponent) * histogram.PixelsPerDecade;
-  const double y = OnPlot(DurationCurveY(histogram, logTime, frame.PlotBottom, frame.PlotTop,
-                                         histogram.PixelsPerCount, term, term + 1),
-                          frame);
+  const double x = PeakX(histogram, frame, shown);
+  const double y = OnPlot(PeakY(histogram, frame, shown), frame);
   histogram.Markers[static_cast<std::size_t>(marker)] =
       DrawPeakMarker({sink, workspace.Graphics}, frame, x, y, term);
 }

@@ -26,6 +26,12 @@ enum class ViewKind : std::uint8_t {
 };
 inline constexpr std::size_t kViewCount = 12;
 
+/// The view of the parameters that are fitted to the histogram `histogramView`, Amplitude or
+/// Duration.
+constexpr ViewKind FitViewOf(ViewKind histogramView) {
+  return histogramView == ViewKind::Amplitude ? ViewKind::AmplitudeFit : ViewKind::DurationFit;
+}
+
 // Places of a view's colours in its `Colors`, in the order in which settings keep them.
 enum class EventColor : std::size_t { Events, Background, Header };
 enum class LevelColor : std::size_t { Selected, Header, Other, Background };

@@ -108,6 +108,23 @@ std::string VersionFive(int sweeps, int eventsPerSweep) {
   return text + "Events\r\n" + SixColumns(Transitions(sweeps, eventsPerSweep));
 }
 
+std::string VersionFiveOf(const std::vector<Opening>& openings) {
+  constexpr double kBefore = 0.001;  // s, in front of the first opening
+  constexpr double kPicoampere = 1e-12;
+  double time = kBefore;
+  std::string events;
+  for (const Opening& opening : openings) {
+    const double current = opening.Current * kPicoampere;
+    events += Format("1\t%.9f\t%.7E\t%.7E\t1\t0\r\n", time, 0.0, current);
+    time += opening.Open;
+    events += Format("1\t%.9f\t%.7E\t%.7E\t0\t0\r\n", time, current, 0.0);
+    time += opening.Closed;
+  }
+  return Format("5\r\nFile\r\nUndefined\r\nSweeps\r\n1\t%.9f\t%.9f\t%.9f\t0\t0\r\n", time, 0.0,
+                time) +
+         Format("Segments\r\n1\t1\t%.9f\t%.9f\r\nEvents\r\n", 0.0, time) + events;
+}
+
 std::string ImportTable(int sweeps, int eventsPerSweep) {
   return SixColumns(Transitions(sweeps, eventsPerSweep));
 }

@@ -52,6 +52,14 @@ std::string VersionOneOrTwo(int version, int sweeps, int eventsPerSweep);
 std::string VersionTwoWithFiles(int sweepsOfFirst, int sweepsOfSecond, int eventsPerSweep);
 /// The layout with files, segments and events, one file of the type "Undefined".
 std::string VersionFive(int sweeps, int eventsPerSweep);
+/// One opening and the closing behind it.
+struct Opening {
+  double Current;  // pA
+  double Open;     // s
+  double Closed;   // s
+};
+/// The layout with files, one sweep with these openings.
+std::string VersionFiveOf(const std::vector<Opening>& openings);
 /// Six columns for "&Import Events...".
 std::string ImportTable(int sweeps, int eventsPerSweep);
 

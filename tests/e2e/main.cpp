@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 
 #include "program.h"
@@ -23,8 +24,9 @@ void KeepScreen(const std::string&) {
   const std::string folder = Environment("ONDREL_PICTURES");
   const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
   if (folder.empty() || test == nullptr) return;
-  SavePng(WholeScreen(), NativePath(folder) + "\\failed_" + test->name() + "_" +
-                             std::to_string(++number) + ".png");
+  std::string name = std::string("failed_") + test->name() + "_" + std::to_string(++number);
+  std::replace(name.begin(), name.end(), '/', '_');  // in front of a parameter
+  SavePng(WholeScreen(), NativePath(folder) + "\\" + name + ".png");
 }
 
 }  // namespace

@@ -16,12 +16,17 @@ struct Row {
   unsigned States;
 };
 
+// They start from estimates, which are there while the view of a fit's parameters is open.
+constexpr int kAutomaticFits[] = {53255, 53512};
+
 // Commands that this version does not offer in any state.
 constexpr int kWithheld[] = {
     51719, 51720, 51722, 51723, 51726, 51727, 51728,  // saving, preferences, exports, printing
     52225, 52228, 52229, 52230, 52231,                // "Events" and the filters
-    52481, 52482, 52483, 52484, 52485, 52488,         // graphs
+    52482, 52483, 52485, 52488,                       // graphs other than the histograms
     52993, 54017,                                     // tag values, settings of the statistics
+    53250, 53251, 53253,                              // settings of the histograms
+    53506, 53507, 53508, 53510,
 };
 
 constexpr Row kSeparator{-1, nullptr, kAlways};
@@ -72,7 +77,7 @@ constexpr Row kBar[] = {
 struct ViewRow {
   const char* View;  // title of the window
   int Level;         // 0 the popup itself, 1 its entries, 2 those of "&Colors"
-  int Id;            // 0 for a popup
+  int Id;            // 0 for a popup, -1 for a separator
   const char* Text;
 };
 
@@ -89,6 +94,35 @@ constexpr ViewRow kViewPopups[] = {
     {"Level", 2, 26114, "&Unselected..."},
     {"Level", 2, 26115, "&Header..."},
     {"Level", 2, 26116, "&Background..."},
+    {"Amplitude Histogram", 0, 0, "&Amplitude"},
+    {"Amplitude Histogram", 1, 53249, "A&utoscale"},
+    {"Amplitude Histogram", 1, 53250, "S&caling..."},
+    {"Amplitude Histogram", 1, 53251, "S&tyle..."},
+    {"Amplitude Histogram", 1, -1, nullptr},
+    {"Amplitude Histogram", 1, 53253, "&Settings..."},
+    {"Amplitude Histogram", 1, 53254, "&Manual Fit\tCtrl+N"},
+    {"Amplitude Histogram", 1, 53255, "&Automatic Fit\tCtrl+K"},
+    {"Amplitude Histogram", 1, 0, "&Colors"},
+    {"Amplitude Histogram", 2, 26369, "&Histogram..."},
+    {"Amplitude Histogram", 2, 26370, "&Fit..."},
+    {"Amplitude Histogram", 2, 26371, "&Labels..."},
+    {"Amplitude Histogram", 2, 26372, "&Axes..."},
+    {"Amplitude Histogram", 2, 26373, "&Background..."},
+    {"Duration Histogram", 0, 0, "&Duration"},
+    {"Duration Histogram", 1, 53505, "A&utoscale"},
+    {"Duration Histogram", 1, 53506, "S&caling..."},
+    {"Duration Histogram", 1, 53507, "S&tyle..."},
+    {"Duration Histogram", 1, 53508, "&Correction..."},
+    {"Duration Histogram", 1, -1, nullptr},
+    {"Duration Histogram", 1, 53510, "&Settings..."},
+    {"Duration Histogram", 1, 53511, "&Manual Fit\tCtrl+M"},
+    {"Duration Histogram", 1, 53512, "&Automatic Fit\tCtrl+A"},
+    {"Duration Histogram", 1, 0, "&Colors"},
+    {"Duration Histogram", 2, 26625, "&Histogram..."},
+    {"Duration Histogram", 2, 26626, "&Fit..."},
+    {"Duration Histogram", 2, 26627, "&Labels..."},
+    {"Duration Histogram", 2, 26628, "&Axes..."},
+    {"Duration Histogram", 2, 26629, "&Background..."},
     {"Statistics", 0, 0, "S&tatistics"},
     {"Statistics", 1, 54017, "&Settings..."},
     {"Statistics", 1, 0, "&Colors"},
@@ -115,8 +149,13 @@ unsigned Bit(MenuState state) {
   return kNever;
 }
 
+template <std::size_t Count>
+bool IsAmong(const int (&ids)[Count], int id) {
+  return std::find(std::begin(ids), std::end(ids), id) != std::end(ids);
+}
+
 bool IsWithheld(int id) {
-  return std::find(std::begin(kWithheld), std::end(kWithheld), id) != std::end(kWithheld);
+  return IsAmong(kWithheld, id);
 }
 
 std::string Line(int level, int id, bool enabled, const char* text) {
@@ -147,12 +186,12 @@ std::vector<std::string> ExpectedBar(MenuState state, const std::vector<std::str
   return lines;
 }
 
-std::vector<std::string> ExpectedViewPopup(const std::string& view) {
+std::vector<std::string> ExpectedViewPopup(const std::string& view, bool fitOpen) {
   std::vector<std::string> lines;
   for (const ViewRow& row : kViewPopups) {
-    if (view == row.View) {
-      lines.push_back(Line(row.Level, row.Id, !IsWithheld(row.Id), row.Text));
-    }
+    if (view != row.View) continue;
+    const bool enabled = !IsWithheld(row.Id) && (fitOpen || !IsAmong(kAutomaticFits, row.Id));
+    lines.push_back(row.Id < 0 ? "  -" : Line(row.Level, row.Id, enabled, row.Text));
   }
   return lines;
 }

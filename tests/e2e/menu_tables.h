@@ -14,7 +14,8 @@ enum class MenuState { NoData, Data, ActiveView };
 std::vector<std::string> ExpectedBar(MenuState state,
                                      const std::vector<std::string>& viewLines = {});
 
-/// Lines of a view's popup, by the title of the view.
-std::vector<std::string> ExpectedViewPopup(const std::string& view);
+/// Lines of a view's popup, by the title of the view; none for the views of fit parameters, which
+/// have no popup. `fitOpen` tells whether a histogram's fit parameters are open.
+std::vector<std::string> ExpectedViewPopup(const std::string& view, bool fitOpen = false);
 
 }  // namespace ondrel::e2e

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "fitting_gestures.h"
 #include "fixtures.h"
 #include "menu_tables.h"
 
@@ -32,8 +33,8 @@ void ExpectBar(const Program& program, const std::vector<std::string>& expected)
   EXPECT_THAT(SeenLines(program), ::testing::ElementsAreArray(expected));
 }
 
-void ExpectBarOfView(const Program& program, const std::string& view) {
-  ExpectBar(program, ExpectedBar(MenuState::ActiveView, ExpectedViewPopup(view)));
+void ExpectBarOfView(const Program& program, const std::string& view, bool fitOpen = false) {
+  ExpectBar(program, ExpectedBar(MenuState::ActiveView, ExpectedViewPopup(view, fitOpen)));
 }
 
 class Menus : public EndToEnd {};
@@ -58,6 +59,35 @@ TEST_F(Menus, TheBarFollowsTheActiveViewAtThePlaceBeforeHelp) {
   program.Command(command::kViewStatistics);
   program.WaitForTopView("Statistics");
   ExpectBarOfView(program, "Statistics");
+}
+
+TEST_F(Menus, AHistogramHasItsOwnPopupAndItsFitParametersHaveNone) {
+  Program program;
+  program.PassStart();
+  OpenTable(program, VersionFive(2, 12));
+  for (const Twin* twin : {&kAmplitudeTwin, &kDurationTwin}) {
+    SCOPED_TRACE(twin->Name);
+    program.Command(twin->View);
+    program.WaitForTopView(twin->Histogram);
+    ExpectBarOfView(program, twin->Histogram);
+    program.Command(twin->ManualFit);
+    program.WaitForTopView(twin->Fit);
+    ExpectBarOfView(program, twin->Fit);
+    program.Command(twin->View);
+    program.WaitForTopView(twin->Histogram);
+    ExpectBarOfView(program, twin->Histogram, true);
+  }
+  // Each waits for its own parameters.
+  program.Command(kDurationTwin.ManualFit);
+  program.WaitForTopView(kDurationTwin.Fit);
+  program.Key(VK_F4, {VK_CONTROL});
+  program.WaitForNoView(kDurationTwin.Fit);
+  program.Command(kDurationTwin.View);
+  program.WaitForTopView(kDurationTwin.Histogram);
+  ExpectBarOfView(program, kDurationTwin.Histogram, false);
+  program.Command(kAmplitudeTwin.View);
+  program.WaitForTopView(kAmplitudeTwin.Histogram);
+  ExpectBarOfView(program, kAmplitudeTwin.Histogram, true);
 }
 
 TEST_F(Menus, WithDataAndNoOpenViewTheBarHasNoViewPopupAndNoExport) {

@@ -66,6 +66,35 @@ TEST_F(AmplitudeCurveTest, AStdDevThatIsNotAboveZeroIsSetInItsTerm) {
   EXPECT_EQ(histogram().Terms[0].StdDev, 1e-30);
 }
 
+TEST_F(AmplitudeCurveTest, AStdDevAboveZeroStaysHoweverSmall) {
+  histogram().Terms[0].StdDev = 1e-40;
+  VisibleProbability(histogram());
+  EXPECT_EQ(histogram().Terms[0].StdDev, 1e-40);
+}
+
+TEST_F(AmplitudeCurveTest, WithNothingVisibleNoTermChanges) {
+  for (int bin = 1; bin <= 100; ++bin) histogram().Bins[bin].Flags = kExcludedBin;
+  histogram().Terms[0].StdDev = -2.0;
+  EXPECT_EQ(VisibleProbability(histogram()), 1e-30);
+  EXPECT_EQ(histogram().Terms[0].StdDev, -2.0);
+}
+
+TEST_F(AmplitudeCurveTest, ANegativeWeightMakesANegativeProbability) {
+  histogram().TermCount = 1;
+  const double positive = VisibleProbability(histogram());
+  histogram().Terms[0].Weight = -0.25;
+  EXPECT_EQ(VisibleProbability(histogram()), -positive);
+  EXPECT_LT(-positive, -0.2);
+}
+
+TEST_F(AmplitudeCurveTest, TheVisiblePartIsThatOfAsManyTermsAsAFitMayHave) {
+  histogram().TermCount = 10;
+  const double ten = VisibleProbability(histogram());
+  histogram().Terms[10] = {0.5, 2.0, 0.4, 50.0};
+  histogram().TermCount = 11;
+  EXPECT_EQ(VisibleProbability(histogram()), ten);
+}
+
 TEST_F(AmplitudeCurveTest, NothingInSightCountsAsAVeryLittle) {
   histogram().Terms[0].Weight = 0.0;
   histogram().Terms[1].Weight = 0.0;

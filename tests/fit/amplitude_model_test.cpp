@@ -20,14 +20,14 @@ namespace ondrel {
 namespace {
 
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-constexpr double kTwoPi = 6.283185307178;
+constexpr double kTwoPiOfTheModel = 6.283185307178;
 
 struct Term {
   double Weight, Current, StdDev;
 };
 
 double Gaussian(const Term& term, double x) {
-  return term.Weight / (std::sqrt(kTwoPi) * term.StdDev) *
+  return term.Weight / (std::sqrt(kTwoPiOfTheModel) * term.StdDev) *
          std::exp(-std::pow(x - term.Current, 2) / (2.0 * std::pow(term.StdDev, 2)));
 }
 
@@ -126,6 +126,11 @@ TEST_F(AmplitudeModelTest, ASegmentTakesAStdDevThatIsNotAboveZeroForAVerySmallOn
     EXPECT_EQ(SegmentProbability(histogram(), point, 1.0, 2.0), 0.5) << stdDev;
     EXPECT_EQ(SegmentProbability(histogram(), point, 2.0, 3.0), 0.0) << stdDev;
   }
+}
+
+TEST_F(AmplitudeModelTest, ASegmentKeepsTheSmallestStdDevAboveZero) {
+  const ParameterVector point = Point({{0.5, 0.0, 1e-40}});
+  EXPECT_EQ(SegmentProbability(histogram(), point, 0.0, 1e-35), 0.25) << "half of the term";
 }
 
 TEST_F(AmplitudeModelTest, ABinDividesByAStdDevOfZero) {

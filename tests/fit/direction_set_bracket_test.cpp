@@ -28,6 +28,11 @@ TEST_F(BracketTest, ARiseAtTheThirdPointCompletesTheBracket) {
   ExpectBracket(BracketOf({5, 1, 2}), {0, 1, kC}, {5, 1, 2});
 }
 
+TEST_F(BracketTest, ABracketStartsFromTheStepsThatAreGiven) {
+  SetValues({5, 1, 2});
+  ExpectBracket(BracketMinimum(Line(), 2.0, 5.0), {2, 5, 5 + 3 * kGolden}, {5, 1, 2});
+}
+
 TEST_F(BracketTest, EqualValuesCompleteTheBracketToo) {
   ExpectBracket(BracketOf({5, 1, 1}), {0, 1, kC}, {5, 1, 1});
 }
@@ -42,8 +47,7 @@ TEST_F(BracketTest, BetweenEqualValuesItKeepsItsWay) {
 
 TEST_F(BracketTest, TheVertexIsMirroredSoThatABracketGrowsByTheGoldenRatio) {
   SetLine([](double x) { return (x - 30.0) * (x - 30.0); });
-  Bracket bracket;
-  BracketMinimum(Line(), bracket);
+  BracketMinimum(Line(), 0.0, 1.0);
   std::vector<double> expected{0.0, 1.0};
   while (expected.back() < 30.0) {
     const double step = expected.back() - expected[expected.size() - 2];
@@ -144,8 +148,7 @@ TEST_F(BracketTest, AnObjectiveThatFallsForEverEndsTheBracket) {
   };
   for (const auto& function : functions) {
     SetLine(function);
-    Bracket bracket;
-    BracketMinimum(Line(), bracket);
+    const Bracket bracket = BracketMinimum(Line(), 0.0, 1.0);
     EXPECT_LT(Steps().size(), 1100u);
     EXPECT_TRUE(std::isfinite(bracket.A.Step + bracket.B.Step + bracket.C.Step));
     point_ = {};

@@ -70,8 +70,7 @@ TEST_F(DirectionSetTest, BelowAMillionTheSearchStaysWithAllowedPoints) {
   EXPECT_NEAR(point_[0], 0.0, 1e-8);
 }
 
-// --- One line after the other
-// ---------------------------------------------------------------------
+// --- One line after the other --------------------------------------------------------------------
 
 TEST_F(DirectionSetTest, ALineSearchMovesThePointAndScalesTheDirection) {
   toy::TheModel().Objective = [](const ParameterVector& point) {
@@ -114,6 +113,17 @@ TEST_F(DirectionSetTest, ALineSearchTakesAtMostItsLimitOfIterations) {
   }
 }
 
+TEST_F(DirectionSetTest, ALineSearchStartsAtThePointAndOneDirectionFurther) {
+  SetLine([](double x) { return (x - 4.0) * (x - 4.0); });
+  point_ = {2.0};
+  direction_ = {0.5};
+  double value = 0.0;
+  LineMinimise(workspace(), toy::kOperations, point_, direction_, 1, value);
+  ASSERT_GE(Steps().size(), 2u);
+  EXPECT_EQ(Steps()[0], 2.0);
+  EXPECT_EQ(Steps()[1], 2.5);
+}
+
 TEST_F(DirectionSetTest, AlongAFlatLineTheValueStays) {
   SetLine([](double) { return 42.0; });
   double value = 0.0;
@@ -121,8 +131,7 @@ TEST_F(DirectionSetTest, AlongAFlatLineTheValueStays) {
   EXPECT_EQ(value, 42.0);
 }
 
-// --- Against the second implementation
-// --------------------------------------------------------------
+// --- Against the second implementation -----------------------------------------------------------
 
 /// Smooth and rough, with ties, cliffs, plateaus, and values that are none.
 std::function<double(double)> DrawFunction(std::mt19937_64& random) {
@@ -174,8 +183,7 @@ TEST_F(DirectionSetTest, EveryEvaluationIsThatOfTheObviousImplementation) {
     for (int trial = 0; trial < 3000; ++trial) {
       const std::function<double(double)> function = DrawFunction(random);
       SetLine(function);
-      Bracket bracket;
-      BracketMinimum(Line(), bracket);
+      const Bracket bracket = BracketMinimum(Line(), 0.0, 1.0);
       const LinePoint best = BrentMinimise(Line(), bracket, 1e-40, 60);
       std::vector<double> asked;
       const reference::Line logged = [&](double x) {

@@ -69,7 +69,13 @@ class DriverTest : public ViewTest {
     });
   }
 
+  /// One step down of 10, from 100 at the origin.
+  static double OneStep(const std::vector<double>& point) { return point[0] < 0.5 ? 100.0 : 90.0; }
+
   FitProblem& Problem() { return problem_; }
+
+  /// Key presses that wait for the view's window.
+  std::deque<int>& Keys(ViewKind kind) { return WindowOf(kind).Keys; }
 
   double Run() {
     double result = 0.0;
@@ -101,6 +107,7 @@ class DriverTest : public ViewTest {
   /// Every way out ends like this.
   void ExpectEndedWith(const std::vector<std::string>& messages) {
     EXPECT_EQ(Messages(), messages);
+    for (const scripted::Box& box : shell().Boxes) EXPECT_EQ(box.Owner, Frame());
     EXPECT_FALSE(shell().Waiting);
     EXPECT_EQ(shell().WaitCursorChanges, 2);
     EXPECT_EQ(toy::TheModel().Log.back(), "repaint Amplitude Histogram");

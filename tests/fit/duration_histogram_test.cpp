@@ -70,6 +70,13 @@ TEST_F(DurationHistogramTest, ALevelOfDurationZeroIsNotEvenBelowTheAxis) {
   EXPECT_THAT(Counts(histogram(), 3), ElementsAre(0, 0, 0, 0, 0));
 }
 
+TEST_F(DurationHistogramTest, ALevelOfNegativeDurationCountsNowhere) {
+  SetAxis(-3, 3, 1);
+  AddDurations({-0.5, -1e-4});
+  BuildDurationHistogram(workspace());
+  EXPECT_THAT(Counts(histogram(), 3), ElementsAre(0, 0, 0, 0, 0));
+}
+
 TEST_F(DurationHistogramTest, ALevelOnTheUpperEndOfTheAxisLiesAboveIt) {
   SetAxis(-5, 5, 20);
   AddDurations({1.0});
@@ -96,6 +103,27 @@ TEST_F(DurationHistogramTest, BinsThatBeginBelowTheShortestTimeOfTheFilterAreExc
   histogram().FilterFrequency = 5000.0;  // 33.3 us
   BuildDurationHistogram(workspace());
   EXPECT_THAT(Excluded(histogram(), 4), ElementsAre(1, 2));
+}
+
+TEST_F(DurationHistogramTest, ABinThatBeginsAtTheShortestTimeItselfStays) {
+  SetAxis(0, 2, 1);
+  histogram().FilterFrequency = 1.0 / 6.0;  // exactly 1 s
+  BuildDurationHistogram(workspace());
+  EXPECT_THAT(Excluded(histogram(), 2), IsEmpty());
+  histogram().FilterFrequency = std::nextafter(1.0 / 6.0, 0.0);
+  BuildDurationHistogram(workspace());
+  EXPECT_THAT(Excluded(histogram(), 2), ElementsAre(1));
+}
+
+TEST_F(DurationHistogramTest, TheShortestTimeHoldsForEachKindOfSelection) {
+  SetAxis(-3, 3, 1);
+  histogram().FilterFrequency = 5.0;  // 33.3 ms
+  Select(Selection::Include, 1e-4, 2.0);
+  BuildDurationHistogram(workspace());
+  EXPECT_THAT(Excluded(histogram(), 3), ElementsAre(1, 2));
+  Select(Selection::Exclude, 50.0, 60.0);
+  BuildDurationHistogram(workspace());
+  EXPECT_THAT(Excluded(histogram(), 3), ElementsAre(1, 2));
 }
 
 TEST_F(DurationHistogramTest, AChangeOfTheFrequencyAloneChangesTheShortBins) {
@@ -129,6 +157,16 @@ TEST_F(DurationHistogramTest, IncludeKeepsTheBinsThatTheRangeCoversWhole) {
   Select(Selection::Include, 0.005, 2.0);
   BuildDurationHistogram(workspace());
   EXPECT_THAT(Excluded(histogram(), 3), ElementsAre(1));
+}
+
+TEST_F(DurationHistogramTest, IncludeLeavesOutTheBinsThatItsHighEndCuts) {
+  SetAxis(0, 3, 1);
+  Select(Selection::Include, 1.0, 100.0);
+  BuildDurationHistogram(workspace());
+  EXPECT_THAT(Excluded(histogram(), 3), ElementsAre(3)) << "the high end itself is in";
+  Select(Selection::Include, 1.0, 99.0);
+  BuildDurationHistogram(workspace());
+  EXPECT_THAT(Excluded(histogram(), 3), ElementsAre(2, 3));
 }
 
 TEST_F(DurationHistogramTest, ExcludeTakesOutTheBinsThatItsEndsCut) {
@@ -203,6 +241,44 @@ TEST_F(DurationHistogramTest, LongLevelsAloneHaveADecadeForTheLongest) {
   AutoscaleDuration(workspace());
   EXPECT_EQ(histogram().MinimumExponent, 0);
   EXPECT_EQ(histogram().Decades, 2);
+}
+
+TEST_F(DurationHistogramTest, AShortestLevelOfExactlyOneSecondIsLong) {
+  AddDurations({1.0, 30.0});
+  AutoscaleDuration(workspace());
+  EXPECT_EQ(histogram().MinimumExponent, 0);
+  EXPECT_EQ(histogram().Decades, 2);
+}
+
+TEST_F(DurationHistogramTest, AutoscaleLooksAtSelectedLevelsAlone) {
+  AddDurations({0.003, 0.05});
+  AddLevel(1e-12, 1e-7).LevelFlags = 4;
+  AddLevel(1e-12, 5000.0).LevelFlags = 4;
+  AutoscaleDuration(workspace());
+  EXPECT_EQ(histogram().MinimumExponent, -3);
+  EXPECT_EQ(histogram().Decades, 2);
+}
+
+TEST_F(DurationHistogramTest, AutoscaleChoosesCountsByTheKindOfAxis) {
+  for (const bool squareRoot : {false, true}) {
+    Clear();
+    for (int i = 0; i < 250; ++i) AddDurations({0.02});
+    histogram().SquareRootAxis = squareRoot;
+    AutoscaleDuration(workspace());
+    EXPECT_EQ(histogram().CountsPerTick, 50) << "a third of 250, and not of its root";
+    EXPECT_EQ(histogram().SquareRootAxis, squareRoot);
+  }
+}
+
+TEST_F(DurationHistogramTest, AutoscaleKeepsTheBinsAndTicksOfADecade) {
+  histogram().BinsPerDecade = 7;
+  histogram().TicksPerDecade = 3;
+  histogram().MinimumTicks = 9;
+  AddDurations({0.003, 0.05});
+  AutoscaleDuration(workspace());
+  EXPECT_EQ(histogram().BinsPerDecade, 7);
+  EXPECT_EQ(histogram().TicksPerDecade, 3);
+  EXPECT_EQ(histogram().MinimumTicks, 9);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
 #include <numbers>
 
 #include "fit/duration_histogram.h"
@@ -49,6 +50,22 @@ TEST_F(DurationCurveTest, NothingInSightCountsAsAVeryLittle) {
   for (int bin = 1; bin <= 100; ++bin) histogram().Bins[bin].Flags = kExcludedBin;
   histogram().Terms[0].TimeConstant = 0.001;
   EXPECT_EQ(VisibleProbability(histogram()), 1e-50);
+}
+
+TEST_F(DurationCurveTest, TheVisiblePartIsThatOfAsManyTermsAsAFitMayHave) {
+  for (std::size_t i = 2; i < 11; ++i) histogram().Terms[i] = {0.0, 0.01, 0.0};
+  histogram().TermCount = 10;
+  const double ten = VisibleProbability(histogram());
+  histogram().Terms[10] = {0.5, 0.01, 50.0};
+  histogram().TermCount = 11;
+  EXPECT_EQ(VisibleProbability(histogram()), ten);
+}
+
+TEST_F(DurationCurveTest, ANegativeWeightMakesANegativeProbability) {
+  histogram().TermCount = 1;
+  histogram().Terms[0].Weight = -0.25;
+  EXPECT_NEAR(VisibleProbability(histogram()), -0.25 * (std::exp(-0.01) - std::exp(-1000.0)),
+              1e-15);
 }
 
 TEST_F(DurationCurveTest, ATimeConstantHasNoFloorHere) {

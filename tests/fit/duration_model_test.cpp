@@ -81,20 +81,20 @@ TEST_F(DurationModelTest, AStretchHoldsTheIntegralOfTheDensity) {
     for (const double ratio : {1.001, 1.1, 2.0, 100.0}) {
       const double high = low * ratio;
       const double expected = Probability(terms[0], low, high) + Probability(terms[1], low, high);
-      EXPECT_NEAR(SegmentProbability(histogram(), point, low, high) / expected, 1.0, 3e-14) << low;
+      EXPECT_NEAR(SegmentProbability(histogram(), low, high, point) / expected, 1.0, 3e-14) << low;
     }
   }
 }
 
 TEST_F(DurationModelTest, AllTimesTogetherHoldTheWeights) {
-  EXPECT_EQ(SegmentProbability(histogram(), Point({{0.5, 0.25}, {3.0, 0.5}}), 0.0, 1e9), 0.75);
+  EXPECT_EQ(SegmentProbability(histogram(), 0.0, 1e9, Point({{0.5, 0.25}, {3.0, 0.5}})), 0.75);
 }
 
 TEST_F(DurationModelTest, AVeryLongTimeConstantIsNotLostInRounding) {
   for (const double timeConstant : {1e3, 1e9, 1e15}) {
     const ParameterVector point = Point({{timeConstant, 0.5}});
     const double x = 0.25 / timeConstant;
-    EXPECT_NEAR(SegmentProbability(histogram(), point, 1.0, 1.25) / (0.5 * x), 1.0,
+    EXPECT_NEAR(SegmentProbability(histogram(), 1.0, 1.25, point) / (0.5 * x), 1.0,
                 1.2 / timeConstant + 1e-15);
   }
 }
@@ -110,42 +110,46 @@ TEST_F(DurationModelTest, TheSmallFormIsTakenUpToATenth) {
   const ParameterVector point = Point({{1.0, 1.0}});
   int apart = 0;
   for (double x = 0.08; x < 0.12; x += 0.00001) {
-    const double p = SegmentProbability(histogram(), point, 0.0, x);
+    const double p = SegmentProbability(histogram(), 0.0, x, point);
     EXPECT_EQ(p, x > 0.1 ? large(x) : small(x)) << x;
     if (large(x) != small(x)) ++apart;
   }
   EXPECT_GT(apart, 1000) << "the forms can be told apart";
-  EXPECT_EQ(SegmentProbability(histogram(), point, 0.0, 0.1), small(0.1));
-  EXPECT_EQ(SegmentProbability(histogram(), point, 0.0, 0.10000000000000001 + 1e-16),
+  EXPECT_EQ(SegmentProbability(histogram(), 0.0, 0.1, point), small(0.1));
+  EXPECT_EQ(SegmentProbability(histogram(), 0.0, 0.10000000000000001 + 1e-16, point),
             large(0.10000000000000001 + 1e-16));
 }
 
 TEST_F(DurationModelTest, TheConstantsOfTheSmallFormMakeItExactToRounding) {
   const ParameterVector point = Point({{1.0, 1.0}});
   for (double x = 1e-12; x <= 0.1; x *= 1.01) {
-    const double p = SegmentProbability(histogram(), point, 0.0, x);
+    const double p = SegmentProbability(histogram(), 0.0, x, point);
     EXPECT_NEAR(p / static_cast<double>(-std::expm1(-static_cast<long double>(x))), 1.0, 1e-15);
   }
 }
 
 TEST_F(DurationModelTest, ATimeConstantHasAFloor) {
-  const double atFloor = SegmentProbability(histogram(), Point({{1e-30, 0.5}}), 2e-31, 1e-30);
+  const double atFloor = SegmentProbability(histogram(), 2e-31, 1e-30, Point({{1e-30, 0.5}}));
   EXPECT_NEAR(atFloor, 0.5 * (std::exp(-0.2) - std::exp(-1.0)), 1e-15);
   for (const double timeConstant : {9e-31, 0.0, -1.0}) {
-    EXPECT_EQ(SegmentProbability(histogram(), Point({{timeConstant, 0.5}}), 2e-31, 1e-30), atFloor);
+    EXPECT_EQ(SegmentProbability(histogram(), 2e-31, 1e-30, Point({{timeConstant, 0.5}})), atFloor);
   }
-  EXPECT_NE(SegmentProbability(histogram(), Point({{1.1e-30, 0.5}}), 2e-31, 1e-30), atFloor);
+  EXPECT_NE(SegmentProbability(histogram(), 2e-31, 1e-30, Point({{1.1e-30, 0.5}})), atFloor);
+}
+
+TEST_F(DurationModelTest, ATimeConstantThatIsNoNumberIsNotBelowItsFloor) {
+  EXPECT_TRUE(std::isnan(SegmentProbability(histogram(), 2e-31, 1e-30, Point({{kNan, 0.5}}))));
 }
 
 TEST_F(DurationModelTest, MoreTermsThanEstimatesMayHaveAreLeftOut) {
   ParameterVector point{};
   for (std::size_t i = 0; i < 15; ++i) point[2 * i] = 1.0, point[2 * i + 1] = 0.1;
   histogram().TermCount = 10;
-  const double ten = SegmentProbability(histogram(), point, 0.0, 1.0);
+  const double ten = SegmentProbability(histogram(), 0.0, 1.0, point);
   histogram().TermCount = 100;
-  EXPECT_EQ(SegmentProbability(histogram(), point, 0.0, 1.0), ten);
+  EXPECT_EQ(SegmentProbability(histogram(), 0.0, 1.0, point), ten);
   histogram().TermCount = -1;
-  EXPECT_EQ(SegmentProbability(histogram(), point, 0.0, 1.0), 0.0);
+  EXPECT_EQ(SegmentProbability(histogram(), 0.0, 1.0, point), 0.0);
 }
 
 // --- The objective -------------------------------------------------------------------------------
@@ -192,10 +196,10 @@ TEST_F(DurationModelTest, TheObjectiveTakesEachBinsProbabilityToTheLastBit) {
     const double* const edges = histogram().Edges;
     for (int i = 1; i <= 165; ++i) {
       const int count = histogram().Bins[i].Count;
-      const double p = SegmentProbability(histogram(), point, edges[i - 1], edges[i]);
+      const double p = SegmentProbability(histogram(), edges[i - 1], edges[i], point);
       if (count != 0) sum += count * (p > 0.0 ? Log(p) : -12000.0);
     }
-    const double visible = SegmentProbability(histogram(), point, edges[0], edges[165]);
+    const double visible = SegmentProbability(histogram(), edges[0], edges[165], point);
     EXPECT_EQ(NegativeLogLikelihood(histogram(), point),
               histogram().EventsInHistogram * Log(visible) - sum);
   }
@@ -213,7 +217,7 @@ TEST_F(DurationModelTest, ABinInTheSmallFormBesideOneThatIsNotKeepsItsBits) {
       const double timeConstant = (edges[bin] - edges[bin - 1]) / x;
       const ParameterVector point = Point({{timeConstant, 1.0}});
       const auto p = [&](int first, int last) {
-        return SegmentProbability(histogram(), point, edges[first], edges[last]);
+        return SegmentProbability(histogram(), edges[first], edges[last], point);
       };
       EXPECT_EQ(NegativeLogLikelihood(histogram(), point),
                 2.0 * Log(p(0, 16)) - (Log(p(bin - 1, bin)) + Log(p(bin, bin + 1))));
@@ -242,12 +246,12 @@ TEST_F(DurationModelTest, WhenEveryBinIsExcludedTheObjectiveIsAConstant) {
 TEST_F(DurationModelTest, ABinFarOutOnTheTailCostsTwelveThousandForEachOfItsEvents) {
   Build(-5, 5, 1);
   const ParameterVector point = Point({{1e-5, 1.0}});
-  ASSERT_EQ(SegmentProbability(histogram(), point, 0.1, 1.0), 0.0);
+  ASSERT_EQ(SegmentProbability(histogram(), 0.1, 1.0, point), 0.0);
   SetCounts({5, 0, 0, 0, 0});
   const double without = NegativeLogLikelihood(histogram(), point);
   EXPECT_NEAR(without, 0.0, 1e-3) << "with no events there nothing is added";
   SetCounts({5, 0, 0, 0, 2});
-  const double visible = SegmentProbability(histogram(), point, 1e-5, 1.0);
+  const double visible = SegmentProbability(histogram(), 1e-5, 1.0, point);
   EXPECT_NEAR(NegativeLogLikelihood(histogram(), point),
               without + 2.0 * std::log(visible) + 24000.0, 1e-9);
 }

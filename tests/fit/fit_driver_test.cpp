@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "fit/driver_fixture.h"
-#include "shell/window_events.h"
+#include "shell/keys.h"
 
 namespace ondrel {
 namespace {
@@ -19,16 +19,9 @@ using ::testing::IsEmpty;
 
 using FitDriverTest = DriverTest;
 
-constexpr double kPenalty = 1000000.0;
-
 /// Two steps down, each of 10, from 100 at the origin.
 double TwoSteps(const std::vector<double>& point) {
   return 80.0 + (point[0] < 0.5 ? 10.0 : 0.0) + (point[1] < 0.5 ? 10.0 : 0.0);
-}
-
-/// One step down of 10, from 100 at the origin.
-double OneStep(const std::vector<double>& point) {
-  return point[0] < 0.5 ? 100.0 : 90.0;
 }
 
 // --- The order of steps -------------------------------------------------------------------------
@@ -223,7 +216,7 @@ TEST_F(FitDriverTest, AnExtrapolatedPointBelowAFloorHasTheValueOfAMillion) {
 TEST_F(FitDriverTest, AboveAMillionAnExtrapolatedPointBelowAFloorLooksBetter) {
   SetProblem({1.0}, 0.0, 1);
   toy::TheModel().ForbidsNegative = true;
-  SetObjective([](const auto& point) { return kPenalty + 10.0 + point[0]; });
+  SetObjective([](const auto& point) { return 1000000.0 + 10.0 + point[0]; });
   Run();
   EXPECT_EQ(LogFrom("*extrapolate")[1], "*value") << "of the point that was reached";
 }
@@ -296,6 +289,7 @@ TEST_F(FitDriverTest, WithoutIterationsTheLimitIsReportedAtOnce) {
     SetValues({}, OneStep);
     Run();
     EXPECT_THAT(Log(), ElementsAre("normalise", "*box", "repaint Amplitude Histogram"));
+    EXPECT_EQ(workspace().LineSearchLimit, iterations);
   }
 }
 
@@ -317,11 +311,11 @@ TEST_F(FitDriverTest, ATermThatLeftTheAxisEndsTheFitAtTheTopOfTheNextPass) {
 TEST_F(FitDriverTest, ATermBesideTheAxisAtTheStartIsToldBeforeAnyEvaluation) {
   SetProblem({0.0}, 0.0, 20);
   toy::TheModel().Show = [](ParameterVector&, std::int32_t) { return -1; };
-  shell().Keys = {kKeyBreak};
+  Keys(ViewKind::Amplitude) = {kKeyBreak};
   Run();
   ExpectEndedWith({kOutOfRange});
   EXPECT_THAT(toy::TheModel().Evaluated, IsEmpty());
-  EXPECT_EQ(shell().Keys.size(), 1u) << "keys are read after the display has answered";
+  EXPECT_EQ(Keys(ViewKind::Amplitude).size(), 1u) << "keys are read after the display has answered";
 }
 
 TEST_F(FitDriverTest, OnlyANegativeAnswerOfTheDisplayEndsTheFit) {
@@ -330,66 +324,6 @@ TEST_F(FitDriverTest, OnlyANegativeAnswerOfTheDisplayEndsTheFit) {
   toy::TheModel().Show = [](ParameterVector&, std::int32_t) { return 1; };
   Run();
   ExpectEndedWith({});
-}
-
-TEST_F(FitDriverTest, TheAbortKeyEndsTheFitBeforeThePassIsMade) {
-  SetProblem({0.0}, 0.0, 20);
-  toy::TheModel().Show = [this](ParameterVector& point, std::int32_t pass) {
-    point[0] = 7.0;
-    if (pass == 1) shell().Keys = {kKeyUp, kKeyBreak, kKeyDown};
-    return 0;
-  };
-  SetValues({100, 100, 200}, OneStep);
-  Run();
-  ExpectEndedWith({kAborted});
-  EXPECT_THAT(LogFrom("*show"),
-              ElementsAre("*show amplitude 1", "*box", "repaint Amplitude Histogram"));
-  EXPECT_THAT(shell().Keys, ElementsAre(kKeyDown)) << "what was pressed later still waits";
-  EXPECT_EQ(toy::TheModel().Shown.back()[0], 7.0);
-}
-
-TEST_F(FitDriverTest, OtherKeysAreThrownAwayAndTheFitGoesOn) {
-  SetProblem({0.0}, 1e9, 20);
-  SetObjective([](const auto&) { return 1.0; });
-  shell().Keys = {kKeyUp, kKeyF4, 'A', 0x1B};
-  Run();
-  ExpectEndedWith({});
-  EXPECT_THAT(shell().Keys, IsEmpty());
-}
-
-TEST_F(FitDriverTest, TheAbortKeyHasNoEffectWhileAnotherChildIsOnTop) {
-  toolkit::BringForward(View(ViewKind::AmplitudeFit).Window);
-  SetProblem({0.0}, 1e9, 20);
-  SetObjective([](const auto&) { return 1.0; });
-  shell().Keys = {kKeyBreak};
-  Run();
-  ExpectEndedWith({});
-  EXPECT_THAT(shell().Keys, ElementsAre(kKeyBreak));
-}
-
-TEST_F(FitDriverTest, TheAbortKeyOfADurationFitIsReadInItsOwnWindow) {
-  OpenInert(ViewKind::Duration);
-  toy::TheModel().Amplitude = false;
-  SetProblem({0.0}, 1e9, 20);
-  SetObjective([](const auto&) { return 1.0; });
-  shell().Keys = {kKeyBreak};
-  Run();
-  EXPECT_THAT(Messages(), ElementsAre(kAborted));
-}
-
-TEST_F(FitDriverTest, WithoutAWindowNoKeyIsRead) {
-  shell().Keys = {kKeyBreak};
-  EXPECT_FALSE(PollAbortKey(workspace(), ViewKind::Duration));
-  EXPECT_TRUE(PollAbortKey(workspace(), ViewKind::Amplitude));
-  EXPECT_FALSE(PollAbortKey(workspace(), ViewKind::Amplitude));
-}
-
-using FitWithoutWindowsTest = ViewTest;
-
-TEST_F(FitWithoutWindowsTest, NoKeyIsRead) {
-  shell().Keys = {kKeyBreak};
-  EXPECT_FALSE(PollAbortKey(workspace(), ViewKind::Amplitude));
-  EXPECT_THAT(shell().Keys, ElementsAre(kKeyBreak));
 }
 
 }  // namespace

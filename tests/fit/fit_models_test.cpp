@@ -53,6 +53,15 @@ TEST(FitModelsTest, AStepLeavesNoDurationParameterBelowItsFloor) {
   EXPECT_THAT(Head(point, 7), ElementsAre(1e-30, 1e-30, 1e-30, 1e-30, 1e-30, 1e-30, 0.0));
 }
 
+TEST(FitModelsTest, AStepLiftsWhatIsAboveZeroButBelowTheFloor) {
+  for (const FitOperations* model : {&kAmplitudeModel, &kDurationModel}) {
+    ParameterVector point{5e-31};
+    ParameterVector direction{};
+    model->ApplyStep(point, direction, 1, 1.0);
+    EXPECT_EQ(point[0], 1e-30);
+  }
+}
+
 TEST(FitModelsTest, TheFloorItselfIsKept) {
   ParameterVector point{1e-30, 2e-30};
   ParameterVector direction{};
@@ -76,6 +85,15 @@ TEST(FitModelsTest, WeightsThatSumToNothingAreDividedByAVeryLittle) {
   point = {5.0, 0.0, 6.0, 0.0};
   kDurationModel.NormaliseWeights(point, 4);
   EXPECT_THAT(Head(point, 4), ElementsAre(5.0, 0.0, 6.0, 0.0));
+}
+
+TEST(FitModelsTest, WeightsThatSumBelowZeroAreDividedByThatSum) {
+  ParameterVector point{-1.0, 5.0, 6.0, 0.5, 7.0, 8.0};
+  kAmplitudeModel.NormaliseWeights(point, 6);
+  EXPECT_THAT(Head(point, 6), ElementsAre(2.0, 5.0, 6.0, -1.0, 7.0, 8.0));
+  point = {5.0, -1.0, 6.0, 0.5};
+  kDurationModel.NormaliseWeights(point, 4);
+  EXPECT_THAT(Head(point, 4), ElementsAre(5.0, 2.0, 6.0, -1.0));
 }
 
 TEST(FitModelsTest, ATrialPointLiesAStepAlongTheDirection) {
@@ -141,6 +159,19 @@ TEST(FitModelsTest, AnExtrapolationIsLiftedByTheFloor) {
   ParameterVector direction{};
   EXPECT_FALSE(kDurationModel.Extrapolate(extrapolated, 2, saved, point, direction));
   EXPECT_THAT(Head(extrapolated, 2), ElementsAre(2e-30 + 1e-30, 1e-30));
+}
+
+TEST(FitModelsTest, AnExtrapolationToTheFloorItselfIsAllowedAndNoneBelowIt) {
+  for (const FitOperations* model : {&kAmplitudeModel, &kDurationModel}) {
+    ParameterVector extrapolated{};
+    ParameterVector direction{};
+    ParameterVector saved{1.0};
+    EXPECT_FALSE(model->Extrapolate(extrapolated, 1, saved, {0.5}, direction));
+    EXPECT_EQ(extrapolated[0], 1e-30);
+    saved = {1.5e-30};
+    EXPECT_TRUE(model->Extrapolate(extrapolated, 1, saved, {0.5e-30}, direction));
+    EXPECT_DOUBLE_EQ(extrapolated[0], 5e-31);
+  }
 }
 
 TEST(FitModelsTest, AnExtrapolationBelowTheFloorIsForbiddenButForACurrent) {

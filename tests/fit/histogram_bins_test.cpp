@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
 #include <limits>
 
 namespace ondrel {
@@ -16,6 +17,13 @@ TEST(ReadableStep, IsTheLargestOneTwoOrFiveBelow) {
   EXPECT_DOUBLE_EQ(ReadableStep(2, 0.70), 500.0);
   EXPECT_DOUBLE_EQ(ReadableStep(-2, 1.5), 0.05) << "a fraction above 1 still gives a five";
   EXPECT_DOUBLE_EQ(ReadableStep(0, -0.5), 1.0);
+}
+
+TEST(ReadableStep, ChangesExactlyAtTheLogarithmsOfTwoAndFive) {
+  EXPECT_EQ(ReadableStep(0, std::nextafter(std::log10(2.0), 0.0)), 1.0);
+  EXPECT_EQ(ReadableStep(0, std::log10(2.0)), 2.0);
+  EXPECT_EQ(ReadableStep(0, std::nextafter(std::log10(5.0), 0.0)), 2.0);
+  EXPECT_EQ(ReadableStep(0, std::log10(5.0)), 5.0);
 }
 
 struct CountsCase {
@@ -59,19 +67,28 @@ TEST(CountLevel, AnExcludedBinCountsNothing) {
   EXPECT_EQ(bins[2].Count, 0);
 }
 
-TEST(IncludesBin, BothEndsOfTheRangeMayMeetTheEdges) {
-  EXPECT_TRUE(IncludesBin(1.0, 2.0, 1.0, 2.0));
-  EXPECT_FALSE(IncludesBin(1.1, 2.0, 1.0, 2.0));
-  EXPECT_FALSE(IncludesBin(1.0, 1.9, 1.0, 2.0));
+// --- Bins that a selection takes out
+// --------------------------------------------------------------
+
+TEST(IsOutOfRange, IncludeTakesOutWhatItDoesNotCoverWhole) {
+  EXPECT_FALSE(IsOutOfRange(Selection::Include, 1.0, 2.0, 1.0, 2.0)) << "ends may meet the edges";
+  EXPECT_TRUE(IsOutOfRange(Selection::Include, 1.1, 2.0, 1.0, 2.0));
+  EXPECT_TRUE(IsOutOfRange(Selection::Include, 1.0, 1.9, 1.0, 2.0));
 }
 
-TEST(ExcludesBin, ARangeThatEndsOnAnEdgeLeavesTheBinBehindIt) {
-  EXPECT_FALSE(ExcludesBin(0.0, 1.0, 1.0, 2.0));
-  EXPECT_FALSE(ExcludesBin(2.0, 3.0, 1.0, 2.0));
-  EXPECT_TRUE(ExcludesBin(0.0, 1.1, 1.0, 2.0));
-  EXPECT_TRUE(ExcludesBin(1.9, 3.0, 1.0, 2.0));
-  EXPECT_TRUE(ExcludesBin(1.0, 2.0, 1.0, 2.0));
-  EXPECT_FALSE(ExcludesBin(1.1, 1.9, 1.0, 2.0));
+TEST(IsOutOfRange, ExcludeThatEndsOnAnEdgeLeavesTheBinBehindIt) {
+  EXPECT_FALSE(IsOutOfRange(Selection::Exclude, 0.0, 1.0, 1.0, 2.0));
+  EXPECT_FALSE(IsOutOfRange(Selection::Exclude, 2.0, 3.0, 1.0, 2.0));
+  EXPECT_TRUE(IsOutOfRange(Selection::Exclude, 0.0, 1.1, 1.0, 2.0));
+  EXPECT_TRUE(IsOutOfRange(Selection::Exclude, 1.9, 3.0, 1.0, 2.0));
+  EXPECT_TRUE(IsOutOfRange(Selection::Exclude, 1.0, 2.0, 1.0, 2.0));
+  EXPECT_FALSE(IsOutOfRange(Selection::Exclude, 1.1, 1.9, 1.0, 2.0));
+}
+
+TEST(IsOutOfRange, SelectAllTakesNothingOut) {
+  for (const double low : {0.0, 1.0, 1.1, 9.0}) {
+    EXPECT_FALSE(IsOutOfRange(Selection::SelectAll, low, low + 0.5, 1.0, 2.0)) << low;
+  }
 }
 
 }  // namespace

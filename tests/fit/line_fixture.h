@@ -52,8 +52,7 @@ class LineTest : public ShellTest {
 
   Bracket BracketOf(const std::deque<double>& values) {
     SetValues(values);
-    Bracket bracket;
-    BracketMinimum(line_, bracket);
+    const Bracket bracket = BracketMinimum(line_, 0.0, 1.0);
     EXPECT_EQ(toy::TheModel().Evaluated.size(), values.size());
     return bracket;
   }

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <memory>
 #include <string>
 
@@ -82,20 +81,6 @@ TEST_F(PlotPrimitivesTest, TextsAreHandedOverWithRoomForTheirLastByte) {
   SetFillColor({sink, context_}, kBlack);
   EXPECT_EQ(theCapacities.OfText, std::size_t{6});
   EXPECT_EQ(theCapacities.OfSuffix, std::size_t{3});
-}
-
-TEST_F(PlotPrimitivesTest, WhatRoundingHasMovedDoesNotLieBeyondAnEdge) {
-  EXPECT_FALSE(LiesBeyond(100.0, 100.0));
-  EXPECT_FALSE(LiesBeyond(99.0, 100.0));
-  EXPECT_FALSE(LiesBeyond(100.0 + 1e-9, 100.0));
-  EXPECT_FALSE(LiesBeyond(0.1 + 0.2, 0.3));
-  EXPECT_TRUE(LiesBeyond(100.0 + 1e-5, 100.0));
-  EXPECT_TRUE(LiesBeyond(-99.0, -100.0));
-}
-
-TEST_F(PlotPrimitivesTest, WhatIsNoNumberDoesNotLieBeyondAnEdge) {
-  EXPECT_FALSE(LiesBeyond(std::numeric_limits<double>::quiet_NaN(), 100.0));
-  EXPECT_TRUE(LiesBeyond(std::numeric_limits<double>::infinity(), 100.0));
 }
 
 TEST_F(PlotPrimitivesTest, TheSnapIsTheSinks) {

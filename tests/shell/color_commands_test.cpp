@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
+#include <cstddef>
+
 #include "shell/menus.h"
 #include "support/program_test.h"
 #include "views/view_kinds.h"
@@ -60,6 +63,44 @@ TEST_F(ColorCommandsTest, ACancelledColourStays) {
     Choose(27393);
     EXPECT_EQ(ColorOf(ViewOf(workspace(), ViewKind::Sweep), SweepColor::Selected), kBlack);
     EXPECT_EQ(Repaints(ViewKind::Sweep), sweeps);
+  });
+}
+
+TEST_F(ColorCommandsTest, EachHistogramColourIsStoredInItsPlaceAndRepaintsItsViewAlone) {
+  struct Case {
+    CommandId Command;
+    ViewKind View;
+    HistogramColor Place;
+  };
+  const Case cases[] = {
+      {26369, ViewKind::Amplitude, HistogramColor::Histogram},
+      {26370, ViewKind::Amplitude, HistogramColor::Fit},
+      {26371, ViewKind::Amplitude, HistogramColor::Labels},
+      {26372, ViewKind::Amplitude, HistogramColor::Axes},
+      {26373, ViewKind::Amplitude, HistogramColor::Background},
+      {26625, ViewKind::Duration, HistogramColor::Histogram},
+      {26626, ViewKind::Duration, HistogramColor::Fit},
+      {26627, ViewKind::Duration, HistogramColor::Labels},
+      {26628, ViewKind::Duration, HistogramColor::Axes},
+      {26629, ViewKind::Duration, HistogramColor::Background},
+  };
+  RunWithAllViews([&] {
+    for (const Case& row : cases) {
+      const RgbColor choice{0x1100, row.Command & 0xFF00, (row.Command & 0xFF) << 8};
+      std::array<ViewState, kViewCount> expected = workspace().Views;
+      expected[static_cast<std::size_t>(row.View)].Colors[static_cast<std::size_t>(row.Place)] =
+          choice;
+      for (const auto& child : shell().Children) child->Invalidated.clear();
+      shell().ColorChoices.push_back(choice);
+      Choose(row.Command);
+      for (std::size_t i = 0; i < kViewCount; ++i) {
+        EXPECT_EQ(workspace().Views[i].Colors, expected[i].Colors)
+            << row.Command << " in view " << i;
+        if (workspace().Views[i].Window == nullptr) continue;
+        const auto kind = static_cast<ViewKind>(i);
+        EXPECT_EQ(Repaints(kind), kind == row.View ? 1u : 0u) << row.Command << " in view " << i;
+      }
+    }
   });
 }
 

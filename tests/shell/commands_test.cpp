@@ -122,6 +122,57 @@ TEST_F(CommandsTest, ACommandThatTheMenuGreysDoesNotRun) {
   });
 }
 
+/// The manual fits, an autoscale and a colour. Keys reach the commands of a view's menu although no
+/// such menu stands in the bar.
+constexpr CommandId kViewMenuCommands[] = {53254, 53511, 53249, 26369};
+
+class ViewMenuCommandsTest : public CommandsTest {
+ protected:
+  void ExpectNothingFromViewMenus() {
+    workspace().Amplitude.Minimum = 1000.0;
+    shell().ColorLabels.clear();
+    shell().Boxes.clear();
+    const auto before = shell().Windows;
+    for (const CommandId id : kViewMenuCommands) {
+      ASSERT_TRUE(HasHandler(id));
+      Choose(id);
+      EXPECT_EQ(shell().Windows, before) << id;
+      EXPECT_THAT(shell().ColorLabels, IsEmpty()) << id;
+      EXPECT_THAT(shell().Children, IsEmpty()) << id;
+    }
+    EXPECT_EQ(workspace().Amplitude.Minimum, 1000.0);
+    EXPECT_THAT(Messages(), IsEmpty());
+  }
+};
+
+TEST_F(ViewMenuCommandsTest, TheyDoNothingWhileNoViewIsActive) {
+  RunWithData([&] {
+    while (!shell().Children.empty()) {
+      ChildWindow* child = &shell().Children.front()->Record;
+      child->Callbacks->Close(child);
+    }
+    ASSERT_EQ(CurrentMenuState(workspace()), MenuState::Data);
+    ExpectNothingFromViewMenus();
+  });
+}
+
+TEST_F(ViewMenuCommandsTest, TheyDoNothingWithoutData) {
+  Run([&] {
+    ASSERT_EQ(CurrentMenuState(workspace()), MenuState::NoData);
+    ExpectNothingFromViewMenus();
+  });
+}
+
+TEST_F(ViewMenuCommandsTest, TheyActOnceAViewIsActive) {
+  RunWithData([&] {
+    workspace().Amplitude.Minimum = 1000.0;
+    for (const CommandId id : kViewMenuCommands) Choose(id);
+    EXPECT_NE(workspace().Amplitude.Minimum, 1000.0);
+    EXPECT_EQ(shell().ColorLabels.size(), std::size_t{1});
+    EXPECT_EQ(shell().Children.size(), std::size_t{4}) << "events, levels, and both fits";
+  });
+}
+
 TEST_F(CommandsTest, EveryCommandOfTheProgramStandsInAMenuOrBehindAKey) {
   for (int id = 0; id <= 0xFFFF; ++id) {
     const auto command = static_cast<CommandId>(id);

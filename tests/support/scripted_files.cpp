@@ -74,7 +74,7 @@ std::int32_t CloseFile(FileHandle file) {
 
 BoxAnswer ShowBox(FrameWindow* frame, const char* text, BoxButtons buttons, BoxIcon icon,
                   int defaultButton) {
-  TheShell().Boxes.push_back({text, buttons, icon, defaultButton});
+  TheShell().Boxes.push_back({text, buttons, icon, defaultButton, frame});
   if (TheShell().WhileBoxStands) TheShell().WhileBoxStands(frame);
   if (TheShell().Answers.empty()) return BoxAnswer::Yes;
   const BoxAnswer answer = TheShell().Answers.front();

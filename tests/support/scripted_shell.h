@@ -31,6 +31,7 @@ struct Box {
   toolkit::BoxButtons Buttons{};
   toolkit::BoxIcon Icon{};
   int DefaultButton = 0;
+  FrameWindow* Owner = nullptr;
 };
 
 struct FileDialog {
@@ -91,6 +92,7 @@ struct Window {
   WindowPlacement State = WindowPlacement::Normal;
   std::array<ScrollBar, 2> Bars;  // by Axis
   std::vector<IntRect> Invalidated;
+  std::deque<int> Keys;  // key-down messages that wait for this window
 };
 
 struct MenuEntryState {
@@ -146,7 +148,6 @@ struct Shell {
   std::int32_t ImageError = 0;       // what drawing a picture of the resources comes to
   std::uint32_t Ticks = 0;
   std::uint32_t DoubleClickTime = 500;
-  std::deque<int> Keys;  // key-down messages that wait, for whatever window asks
 
   std::unique_ptr<Window> FrameHolder;
   std::vector<std::unique_ptr<Window>> Children;  // top first

@@ -220,8 +220,8 @@ void Invalidate(ChildWindow* window, const IntRect& rect) {
   WindowOf(window).Invalidated.push_back(rect);
 }
 
-bool TakeKeyDown(ChildWindow*, int* key) {
-  std::deque<int>& keys = TheShell().Keys;
+bool TakeKeyDown(ChildWindow* window, int* key) {
+  std::deque<int>& keys = WindowOf(window).Keys;
   if (keys.empty()) return false;
   *key = keys.front();
   keys.pop_front();

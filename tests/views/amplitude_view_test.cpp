@@ -3,13 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <algorithm>
 #include <limits>
+#include <string>
+#include <vector>
 
-#include "output/screen_sink.h"
-#include "support/histogram_view_test.h"
+#include "views/amplitude_view_fixture.h"
 #include "views/estimate_gestures.h"
-#include "views/histogram_layout.h"
 #include "views/view_window.h"
 
 namespace ondrel {
@@ -20,194 +20,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
-
-/// Two ticks of 1 pA in ten bins of 126; counts up to 150, so that ticks stand at 0, 100 and 200.
-class AmplitudeViewTest : public HistogramViewTest {
- protected:
-  AmplitudeViewTest() {
-    amplitude().TickMarks = 2;
-    amplitude().BinsPerTick = 5;
-    amplitude().YMaximum = 150.0;
-    SetHeights(amplitude(), {0.0, 150.0, 20.0});
-    auto& colors = View(ViewKind::Amplitude).Colors;
-    colors = {RgbColor{1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {4, 0, 0}, {5, 0, 0}};
-    LayoutAmplitude(workspace(), sink(), kRect);
-  }
-
-  void DrawAll() { DrawAmplitude(workspace(), sink(), kRect); }
-  void DrawXAxis() { DrawAmplitudeXAxis(workspace(), sink(), kRect); }
-  void DrawYAxis() { DrawAmplitudeYAxis(workspace(), sink(), kRect); }
-  void DrawBars() { DrawAmplitudeBars(workspace(), sink()); }
-  void DrawFit() { DrawAmplitudeFit(workspace(), sink()); }
-
-  void OpenFitView() { OpenInert(ViewKind::AmplitudeFit); }
-
-  void SetCurrents(const std::vector<double>& currents) {
-    amplitude().TermCount = static_cast<std::int32_t>(currents.size());
-    for (std::size_t i = 0; i < currents.size(); ++i) {
-      amplitude().Terms[i] = {.Weight = 0.5, .Current = currents[i], .StdDev = 0.1, .Area = 10.0};
-    }
-  }
-
-  /// The terms whose curve or handle was drawn, in order: "curve 0 2", "marker".
-  std::vector<std::string> FitSteps() {
-    std::vector<std::string> steps;
-    for (const std::string& line : Lines()) {
-      if (line.starts_with("amplitude curve ")) steps.push_back("curve " + line.substr(29));
-      if (line.starts_with("line ")) steps.push_back("marker");
-    }
-    return steps;
-  }
-};
-
-// --- X axis --------------------------------------------------------------------------------------
-
-TEST_F(AmplitudeViewTest, TheXAxisIsTitleLineAndForEachTickItsNumber) {
-  DrawXAxis();
-  EXPECT_THAT(Lines(), ElementsAre("color k 3 0 0", "left 650 1650 Amplitude (pA)",  //
-                                   "color K 4 0 0", "line 230 1410 1490 1410",       //
-                                   "line 230 1410 230 1445",                         //
-                                   "color k 3 0 0", "left 222.5 1522 0.0",           //
-                                   "color K 4 0 0", "line 860 1410 860 1445",        //
-                                   "color k 3 0 0", "left 852.5 1522 1.0",           //
-                                   "color K 4 0 0", "line 1490 1410 1490 1445",      //
-                                   "color k 3 0 0", "left 1482.5 1522 2.0"));
-}
-
-TEST_F(AmplitudeViewTest, NumbersAreCentredByTheirWidthInTheFontOfTheDevice) {
-  toolkit::SetFontHeight(workspace().Graphics.Device, 20);  // 10 a letter
-  amplitude().Minimum = -10.0;
-  amplitude().PerTick = 5.0;
-  DrawXAxis();
-  EXPECT_THAT(LinesOf({"left"}), ElementsAre("left 650 1650 Amplitude (pA)",  //
-                                             "left 205 1522 -10.0",           // 50 wide
-                                             "left 840 1522 -5.0",            // 40 wide
-                                             "left 1475 1522 0.0"));
-  toolkit::CleanUpDevice(workspace().Graphics.Device);
-}
-
-TEST_F(AmplitudeViewTest, NumbersHaveOneDecimal) {
-  amplitude().Minimum = -0.26;
-  amplitude().PerTick = 1234.5;
-  DrawXAxis();
-  EXPECT_THAT(LinesOf({"left"}), ElementsAre("left 650 1650 Amplitude (pA)", "left 220 1522 -0.3",
-                                             "left 845 1522 1234.2", "left 1475 1522 2468.7"));
-}
-
-TEST_F(AmplitudeViewTest, ValuesAreAddedUpTickByTick) {
-  amplitude().TickMarks = 5;
-  amplitude().Minimum = -1.0;
-  amplitude().PerTick = 0.2;  // five of them added to -1.0 come to just below 0
-  DrawXAxis();
-  EXPECT_THAT(Lines().back(), ::testing::EndsWith(" -0.0"));
-}
-
-TEST_F(AmplitudeViewTest, TheXAxisWithoutLabelsHasOneColour) {
-  amplitude().ShowLabels = false;
-  DrawXAxis();
-  EXPECT_THAT(Lines(),
-              ElementsAre("color K 4 0 0", "line 230 1410 1490 1410", "line 230 1410 230 1445",
-                          "line 860 1410 860 1445", "line 1490 1410 1490 1445"));
-}
-
-TEST_F(AmplitudeViewTest, TheXAxisWithoutAxesIsTitleAndNumbers) {
-  amplitude().ShowAxes = false;
-  DrawXAxis();
-  EXPECT_THAT(Lines(),
-              ElementsAre("color k 3 0 0", "left 650 1650 Amplitude (pA)", "left 222.5 1522 0.0",
-                          "left 852.5 1522 1.0", "left 1482.5 1522 2.0"));
-}
-
-TEST_F(AmplitudeViewTest, TicksStandAtWholeBinsOnTheScreenAndNotAtTheEndOfTheLine) {
-  amplitude().TickMarks = 8;  // 40 bins of 31.5, cut to 31
-  LayoutAmplitude(workspace(), kScreenSink, kRect);
-  DrawXAxis();
-  EXPECT_TRUE(HasLine("line 230 1410 1490 1410"));
-  EXPECT_TRUE(HasLine("line 1470 1410 1470 1445"));  // 230 + 8 * 5 * 31
-}
-
-// --- Y axis --------------------------------------------------------------------------------------
-
-TEST_F(AmplitudeViewTest, TheYAxisIsTitleLineAndForEachTickItsCount) {
-  DrawYAxis();
-  EXPECT_THAT(Lines(), ElementsAre("color k 3 0 0", "left 115 174 Counts",    //
-                                   "color K 4 0 0", "line 230 290 230 1410",  //
-                                   "line 230 1410 195 1410",                  //
-                                   "color k 3 0 0", "right 182 1410 0",       //
-                                   "color K 4 0 0", "line 230 850 195 850",   //
-                                   "color k 3 0 0", "right 182 850 100",      //
-                                   "color K 4 0 0", "line 230 290 195 290",   //
-                                   "color k 3 0 0", "right 182 290 200"));
-}
-
-TEST_F(AmplitudeViewTest, OnASquareRootAxisTicksStandAtTheRootsOfTheirShares) {
-  amplitude().SquareRootAxis = true;
-  amplitude().YMaximum = 20.0;  // the root of 400 counts
-  DrawYAxis();
-  // 1410 less 1120 times the roots of 0, 1/4, 1/2, 3/4 and 1.
-  EXPECT_THAT(LinesOf({"right"}),
-              ElementsAre("right 182 1410 0", "right 182 850 100", "right 182 618.040405 200",
-                          "right 182 440.051548 300", "right 182 290 400"));
-}
-
-TEST_F(AmplitudeViewTest, OnASquareRootAxisNoTickStandsAboveTheTallestBar) {
-  amplitude().SquareRootAxis = true;
-  amplitude().YMaximum = std::sqrt(250.0);
-  DrawYAxis();
-  EXPECT_THAT(LinesOf({"right"}), ElementsAre("right 182 1410 0", "right 182 701.649804 100",
-                                              "right 182 408.241546 200"));
-}
-
-TEST_F(AmplitudeViewTest, TheTopTickIsNeverLostToRounding) {
-  for (std::int32_t height = 50; height < 1000; ++height) {
-    for (const std::int32_t intervals : {3, 7, 11}) {
-      const IntRect rect{0, 17, 100, 17 + height};
-      amplitude().YMaximum = 100.0 * intervals;
-      LayoutAmplitude(workspace(), sink(), rect);
-      recording::Clear();
-      DrawAmplitudeYAxis(workspace(), sink(), rect);
-      ASSERT_EQ(CountLines("right"), intervals + 1) << height << " high";
-    }
-  }
-}
-
-TEST_F(AmplitudeViewTest, TheTopTickOfASquareRootAxisIsNeverLostToRounding) {
-  amplitude().SquareRootAxis = true;
-  amplitude().CountsPerTick = 1;
-  for (std::int32_t counts = 1; counts < 200; ++counts) {
-    amplitude().YMaximum = std::sqrt(counts);
-    LayoutAmplitude(workspace(), sink(), kRect);
-    recording::Clear();
-    DrawYAxis();
-    ASSERT_EQ(CountLines("right"), counts + 1);
-  }
-}
-
-TEST_F(AmplitudeViewTest, TheYAxisWithoutLabelsIsLines) {
-  amplitude().ShowLabels = false;
-  DrawYAxis();
-  EXPECT_THAT(Lines(),
-              ElementsAre("color K 4 0 0", "line 230 290 230 1410", "line 230 1410 195 1410",
-                          "line 230 850 195 850", "line 230 290 195 290"));
-}
-
-TEST_F(AmplitudeViewTest, TheYAxisWithoutAxesIsTitleAndCounts) {
-  amplitude().ShowAxes = false;
-  DrawYAxis();
-  EXPECT_THAT(Lines(), ElementsAre("color k 3 0 0", "left 115 174 Counts", "right 182 1410 0",
-                                   "right 182 850 100", "right 182 290 200"));
-}
-
-TEST_F(AmplitudeViewTest, AnEmptyHistogramHasAxesWithTheFirstCountAloneAndNoBars) {
-  amplitude().YMaximum = 0.0;
-  SetHeights(amplitude(), {});
-  DrawAll();
-  EXPECT_THAT(LinesOf({"right"}), ElementsAre("right 182 1410 0"));
-  EXPECT_TRUE(HasLine("line 230 290 230 1410"));
-  EXPECT_FALSE(HasLine("line 230 1410 195 1410")) << "a tick";
-  EXPECT_EQ(CountLines("left"), 5);  // both titles, three amplitudes
-  EXPECT_THAT(LinesOf({"filled", "bar"}), IsEmpty());
-}
 
 // --- Bars ----------------------------------------------------------------------------------------
 
@@ -240,10 +52,12 @@ TEST_F(AmplitudeViewTest, WithoutBinsThereAreNoBars) {
   EXPECT_THAT(Lines(), IsEmpty());
 }
 
-TEST_F(AmplitudeViewTest, WithoutCountsThereAreNoBars) {
-  amplitude().YMaximum = 0.0;
-  DrawBars();
-  EXPECT_THAT(Lines(), IsEmpty());
+TEST_F(AmplitudeViewTest, WithoutCountsAboveZeroThereAreNoBars) {
+  for (const double tallest : {0.0, -15.0, std::numeric_limits<double>::quiet_NaN()}) {
+    amplitude().YMaximum = tallest;
+    DrawBars();
+    EXPECT_THAT(Lines(), IsEmpty()) << tallest;
+  }
 }
 
 // --- Fit -----------------------------------------------------------------------------------------
@@ -324,11 +138,11 @@ TEST_F(AmplitudeViewTest, AFitIsDrawnWithoutBarsTooAndKnowsTheBins) {
   EXPECT_DOUBLE_EQ(workspace().Graphics.BinWidth, 126.0);
 }
 
-TEST_F(AmplitudeViewTest, MoreTermsThanSlotsAreNotDrawn) {
+TEST_F(AmplitudeViewTest, MoreTermsThanAFitHasRoomForAreNotDrawn) {
   OpenFitView();
   amplitude().TermCount = 1000;
   DrawFit();
-  EXPECT_THAT(FitSteps(), Contains("curve 0 100"));
+  EXPECT_THAT(FitSteps(), Contains("curve 0 10"));
   amplitude().TermCount = -5;
   recording::Clear();
   DrawFit();
@@ -357,7 +171,8 @@ TEST_F(AmplitudeViewTest, TheXAxisStandsOneUnitBelowTheBars) {
   EXPECT_DOUBLE_EQ(View(ViewKind::Amplitude).Frame.PlotBottom, 1410.0);
 }
 
-TEST_F(AmplitudeViewTest, TheViewIsLaidOutForItsRectangleFirst) {
+TEST_F(AmplitudeViewTest, TheViewIsDrawnAsItWasLaidOut) {
+  LayoutAmplitude(workspace(), sink(), {0, 0, 1680, 1680});
   DrawAmplitude(workspace(), sink(), {0, 0, 1680, 1680});
   EXPECT_TRUE(HasLine("line 210 1401 1470 1401"));
 }
@@ -368,6 +183,44 @@ TEST_F(AmplitudeViewTest, WithAxesAndLabelsOffTheViewShowsItsDataAlone) {
   DrawAll();
   EXPECT_EQ(Lines().size(), std::size_t{2});
   EXPECT_EQ(Lines().front(), "color k 1 0 0");
+}
+
+TEST_F(AmplitudeViewTest, AColourIsSetWhereItChangesAlsoFromAxisToAxis) {
+  OpenFitView();
+  SetCurrents({1.0});
+  DrawAll();
+  EXPECT_THAT(LinesOf({"color"}),
+              ElementsAre("color k 3 0 0",                   // the title of the X axis
+                          "color K 4 0 0", "color k 3 0 0",  // its line, and three times
+                          "color K 4 0 0", "color k 3 0 0",  // a tick and its number
+                          "color K 4 0 0", "color k 3 0 0",  // and, still, the title of the Y axis
+                          "color K 4 0 0", "color k 3 0 0",  // its line, and three times
+                          "color K 4 0 0", "color k 3 0 0",  // a tick and its count
+                          "color K 4 0 0", "color k 3 0 0",  //
+                          "color k 1 0 0", "color K 2 0 0"));
+  const std::vector<std::string>& lines = Lines();
+  const auto title = std::find(lines.begin(), lines.end(), "left 115 174 Counts");
+  ASSERT_NE(title, lines.end());
+  EXPECT_EQ(*(title - 1), "left 1482.5 1523 2.0");
+}
+
+TEST_F(AmplitudeViewTest, WithOneKindOfElementTheAxesShareOneColourLine) {
+  amplitude().ShowLabels = false;
+  DrawAll();
+  EXPECT_THAT(LinesOf({"color"}), ElementsAre("color K 4 0 0", "color k 1 0 0"));
+  recording::Clear();
+  amplitude().ShowLabels = true;
+  amplitude().ShowAxes = false;
+  DrawAll();
+  EXPECT_THAT(LinesOf({"color"}), ElementsAre("color k 3 0 0", "color k 1 0 0"));
+}
+
+TEST_F(AmplitudeViewTest, AnAxisByItselfStartsWithoutAColour) {
+  amplitude().ShowAxes = false;
+  DrawXAxis();
+  DrawYAxis();
+  DrawXAxis();
+  EXPECT_THAT(LinesOf({"color"}), ElementsAre("color k 3 0 0", "color k 3 0 0", "color k 3 0 0"));
 }
 
 TEST_F(AmplitudeViewTest, EveryElementHasItsColourInForce) {
@@ -438,63 +291,6 @@ TEST_F(FailingAmplitudeViewTest, AFailureInATermLeavesTheNextOneUndone) {
   recording::FailLine("amplitude curve 230 290 1410 0 1");
   DrawFit();
   EXPECT_THAT(FitSteps(), ElementsAre("curve 0 2", "marker"));
-}
-
-// --- Settings at their limits --------------------------------------------------------------------
-
-TEST_F(AmplitudeViewTest, NoSettingHangsTheView) {
-  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
-  for (const std::int32_t extreme : {-kMost - 1, -1, 0, 1, kMost}) {
-    for (std::int32_t AmplitudeHistogram::*field :
-         {&AmplitudeHistogram::CountsPerTick, &AmplitudeHistogram::MinimumTicks,
-          &AmplitudeHistogram::TickMarks}) {
-      for (const bool root : {false, true}) {
-        const std::int32_t kept = amplitude().*field;
-        amplitude().*field = extreme;
-        amplitude().SquareRootAxis = root;
-        amplitude().YMaximum = 1e9;
-        LayoutAmplitude(workspace(), sink(), kRect);
-        EXPECT_LT(CountParts(DrawAmplitudeXAxis), 33000);
-        EXPECT_LT(CountParts(DrawAmplitudeYAxis), 33000);
-        amplitude().*field = kept;
-      }
-    }
-  }
-}
-
-TEST_F(AmplitudeViewTest, AnAxisOfCountsHasNoMoreTicksThanAnyDeviceCanShow) {
-  amplitude().CountsPerTick = 1;
-  amplitude().YMaximum = 1e6;
-  LayoutAmplitude(workspace(), sink(), kRect);
-  DrawYAxis();
-  EXPECT_EQ(CountLines("right"), 16384);
-}
-
-TEST_F(AmplitudeViewTest, NothingBetweenTicksOfCountsReadsAsOne) {
-  amplitude().CountsPerTick = 0;
-  amplitude().YMaximum = 3.0;
-  LayoutAmplitude(workspace(), sink(), kRect);
-  DrawYAxis();
-  EXPECT_THAT(LinesOf({"right"}), ElementsAre("right 182 1410 0", "right 182 1036.66667 1",
-                                              "right 182 663.333333 2", "right 182 290 3"));
-}
-
-TEST_F(AmplitudeViewTest, APlotWithoutHeightHasTheFirstCountAlone) {
-  for (const bool root : {false, true}) {
-    amplitude().SquareRootAxis = root;
-    LayoutAmplitude(workspace(), sink(), {0, 0, 0, 0});
-    recording::Clear();
-    DrawAmplitudeYAxis(workspace(), sink(), {0, 0, 0, 0});
-    EXPECT_THAT(LinesOf({"right"}), ElementsAre("right 0 0 0"));
-  }
-}
-
-TEST_F(AmplitudeViewTest, CountsBeyondTheRangeOfIntegersAreCutToIt) {
-  amplitude().CountsPerTick = std::numeric_limits<std::int32_t>::max();
-  LayoutAmplitude(workspace(), sink(), kRect);
-  DrawYAxis();
-  EXPECT_THAT(LinesOf({"right"}), ElementsAre("right 182 1410 0", "right 182 850 2147483647",
-                                              "right 182 290 2147483647"));
 }
 
 // --- In its window -------------------------------------------------------------------------------

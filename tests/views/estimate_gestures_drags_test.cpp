@@ -1,6 +1,7 @@
 // Drags of the handles of peaks, and what their release does.
 #include <numbers>
 
+#include "fit/estimates_fixture.h"
 #include "views/estimate_gestures.h"
 #include "views/estimates_fixture.h"
 
@@ -35,6 +36,19 @@ class EstimateDragsTest : public EstimateTwinsTest {
     });
     BuildAmplitudeHistogram(workspace());
     BuildDurationHistogram(workspace());
+  }
+
+  estimates::Peak PeakOfFirstTerm() {
+    const GraphFrame& frame = View(Kind()).Frame;
+    return Kind() == ViewKind::Amplitude
+               ? estimates::PeakOf(Amplitude(), frame, Amplitude().Terms[0])
+               : estimates::PeakOf(Duration(), frame, Duration().Terms[0]);
+  }
+  double AreaOfFirstTerm(double rise) {
+    const GraphFrame& frame = View(Kind()).Frame;
+    return Kind() == ViewKind::Amplitude
+               ? estimates::AreaOf(Amplitude(), frame, Amplitude().Terms[0], rise)
+               : estimates::AreaOf(Duration(), frame, Duration().Terms[0], rise);
   }
 
   void UseSquareRootAxes() {
@@ -128,6 +142,31 @@ TEST_P(EstimateDragsTest, InAWindowOfAnySizeTheTermIsAtTheMiddleOfTheHandle) {
   EXPECT_NEAR(PeakCount(0), (frame.PlotBottom - (marker.Top + half)) / perCount, 1e-9);
 }
 
+TEST_P(EstimateDragsTest, AHandleIsDrawnAgainAtThePixelToWhichItsNumbersLead) {
+  for (const bool root : {false, true}) {
+    if (root) UseSquareRootAxes();
+    OpenBoth(Kind());
+    WindowOf(Kind()).Client = {0, 0, 733, 391};
+    SetTerms(Kind(), {2.0});
+    const GraphFrame& frame = View(Kind()).Frame;
+    const double half = MarkerHalf(frame);
+    Press(Kind(), CentreOf(Peak(Kind(), 0)));
+    for (int y = 330; y > 40; --y) {
+      Move(Kind(), {330 - y / 2, y});
+      const estimates::Peak peak = PeakOfFirstTerm();
+      const double rise = Kind() == ViewKind::Amplitude
+                              ? frame.PlotBottom - Peak(Kind(), 0).Top - half
+                              : frame.PlotBottom - (Peak(Kind(), 0).Top + half);
+      ASSERT_EQ(Area(Kind(), 0), AreaOfFirstTerm(rise));
+      Paint(Kind());
+      ASSERT_EQ(Peak(Kind(), 0).Left, static_cast<int>(peak.X - half));
+      ASSERT_EQ(Peak(Kind(), 0).Top, static_cast<int>(peak.Y - half)) << "at " << y;
+    }
+    DestroyView(workspace(), Kind());
+    DestroyView(workspace(), Fit());
+  }
+}
+
 TEST_P(EstimateDragsTest, EachMoveDrawsTheHistogramAndThenTheTable) {
   OpenBoth(Kind());
   Press(Kind(), CentreOf(Peak(Kind(), 0)));
@@ -215,6 +254,16 @@ TEST_F(EstimateViewsTest, ADurationIsPulledBelowTheZeroLineDownToTheWindowsEnd) 
   EXPECT_NEAR(Duration().Terms[0].Area * perCount, -114 / 4.0, 1e-9);
 }
 
+TEST_F(EstimateViewsTest, TheLowestPlaceOfADurationIsCutToAWholePixelOnce) {
+  OpenBoth(ViewKind::Duration);
+  WindowOf(ViewKind::Duration).Client = {0, 0, 733, 391};  // half a handle is 6.87
+  SetTerms(ViewKind::Duration, {2.0});
+  Press(ViewKind::Duration, CentreOf(Peak(ViewKind::Duration, 0)));
+  Move(ViewKind::Duration, {240, 390});
+  EXPECT_EQ(Gesture(ViewKind::Duration).LastY, 384);
+  EXPECT_EQ(Peak(ViewKind::Duration, 0).Top, 377);
+}
+
 TEST_F(EstimateViewsTest, ADurationConstrainedToPositiveStaysAboveTheAxis) {
   Duration().ConstrainPositive = true;
   OpenBoth(ViewKind::Duration);
@@ -268,13 +317,42 @@ TEST_P(EstimateDragsTest, ATermThatLeavesTheAxisInADragComesBackWithIt) {
 }
 
 TEST_P(EstimateDragsTest, ADragEndsWithTheFitView) {
+  for (const std::size_t term : {0u, 1u}) {
+    OpenBoth(Kind());
+    SetTerms(Kind(), {1.0, 3.0});
+    Press(Kind(), CentreOf(Peak(Kind(), term)));
+    DestroyView(workspace(), Fit());
+    ForgetAll();
+    Move(Kind(), {240, 100});
+    Release(Kind(), {240, 100});
+    EXPECT_NEAR(Distance(Kind(), 0), 1.0, 1e-12) << "the term that stays";
+    EXPECT_NEAR(Distance(Kind(), 1), 3.0, 1e-12);
+    EXPECT_EQ(Area(Kind(), term), 0.0);
+    EXPECT_TRUE(Drawn().empty());
+    EXPECT_FALSE(IsRepainted(Kind()));
+    DestroyView(workspace(), Kind());
+  }
+}
+
+TEST_P(EstimateDragsTest, ADragThatEndedWithTheFitViewDoesNotGoOnInTheNextOne) {
   OpenBoth(Kind());
-  SetTerms(Kind(), {1.0, 3.0});
-  Press(Kind(), CentreOf(Peak(Kind(), 1)));
+  Press(Kind(), CentreOf(Peak(Kind(), 0)));
   DestroyView(workspace(), Fit());
+  Open(Fit());
   Move(Kind(), {240, 100});
-  EXPECT_NEAR(Distance(Kind(), 1), 3.0, 1e-12);
+  EXPECT_NEAR(Distance(Kind(), 0), 1.0, 1e-12);
+  EXPECT_EQ(Area(Kind(), 0), 0.0);
+}
+
+TEST_P(EstimateDragsTest, TheTableIsDrawnOnTheBackgroundOfItsViewInADrag) {
+  OpenBoth(Kind());
+  View(Fit()).Colors[0] = {7, 8, 9};
+  Press(Kind(), CentreOf(Peak(Kind(), 0)));
+  Move(Kind(), {240, 100});
+  EXPECT_EQ(LinesWith(Drawn(), "background ").back(), "background 7 8 9");
+  ForgetAll();
   Release(Kind(), {240, 100});
+  EXPECT_EQ(LinesWith(Drawn(), "background ").front(), "background 7 8 9");
 }
 
 TEST_P(EstimateDragsTest, AWindowWithoutRoomMovesNoTerm) {

@@ -168,16 +168,6 @@ TEST_F(EstimateViewsTest, AWidthIsPickedBeforeThePeakOfALaterTerm) {
   EXPECT_EQ(Amplitude().Terms[1].Current, 1.5);
 }
 
-TEST_P(EstimateTwinsTest, HandlesThatHaveLostTheirTermAreNotHit) {
-  OpenBoth(Kind());
-  SetTerms(Kind(), {1.0, 2.0, 3.0});
-  TermCount(Kind()) = 2;
-  Press(Kind(), CentreOf(Peak(Kind(), 2)));
-  EXPECT_EQ(Gesture(Kind()).OnMove, nullptr);
-  Press(Kind(), CentreOf(Peak(Kind(), 2)), 100);
-  EXPECT_EQ(TermCount(Kind()), 3) << "there is an axis under it and nothing else";
-}
-
 TEST_P(EstimateTwinsTest, BeforeTheFirstDrawingThereIsAHandleInTheCorner) {
   OpenInert(Kind());
   OpenInert(Fit());

@@ -40,10 +40,14 @@ TEST_F(EstimateWidthsTest, TheScaleOfTheBarCounts) {
 
 TEST_F(EstimateWidthsTest, ThePeakKeepsItsHeight) {
   const double ratio = Term().Area / Term().StdDev;
+  ASSERT_GT(ratio, 0.0);
   const Place grip = Grip();
+  const int left = WidthLeft() + 55;
   Drag(kKind, grip, {grip.X + 55, grip.Y - 60});
-  EXPECT_NEAR(Term().Area / Term().StdDev, ratio, 1e-9);
-  EXPECT_GT(Term().Area, 200.0 * ratio / 100.0);
+  const double middle = (Term().Current - Amplitude().Minimum) * kPixelsPerUnit;
+  EXPECT_EQ(Term().StdDev, (left - kPlotLeft - middle) * 2.0 / (kPixelsPerUnit * 1.0));
+  EXPECT_EQ(Term().StdDev, 2.375);
+  EXPECT_EQ(Term().Area, ratio * Term().StdDev);
 }
 
 TEST_F(EstimateWidthsTest, WeightsFollow) {
@@ -138,13 +142,17 @@ TEST_F(EstimateWidthsTest, OnlyMovesAlongTheAxisCount) {
 }
 
 TEST_F(EstimateWidthsTest, ADragEndsWithTheFitView) {
-  SetTerms(kKind, {1.0, 3.0});
-  const Place grip = CentreOf(Width(1));
-  Press(kKind, grip);
-  DestroyView(workspace(), ViewKind::AmplitudeFit);
-  Move(kKind, {grip.X + 20, grip.Y});
-  EXPECT_EQ(Amplitude().Terms[1].StdDev, 1.0);
-  EXPECT_EQ(Amplitude().Terms[0].StdDev, 1.0);
+  for (const std::size_t term : {0u, 1u}) {
+    SetTerms(kKind, {1.0, 3.0});
+    const Place grip = CentreOf(Width(term));
+    Press(kKind, grip);
+    ASSERT_NE(Gesture(kKind).OnMove, nullptr);
+    DestroyView(workspace(), ViewKind::AmplitudeFit);
+    Move(kKind, {grip.X + 20, grip.Y});
+    EXPECT_EQ(Amplitude().Terms[0].StdDev, 1.0);
+    EXPECT_EQ(Amplitude().Terms[1].StdDev, 1.0);
+    Open(ViewKind::AmplitudeFit);
+  }
 }
 
 TEST_F(EstimateWidthsTest, APeakTakesItsBarAlong) {

@@ -60,14 +60,14 @@ TEST_F(FitViewsTest, APaintDrawsOutOfSightAndShowsTheResultAtOnce) {
   View(ViewKind::AmplitudeFit).Colors[0] = {7, 8, 9};
   EXPECT_THAT(Frame(Paint(ViewKind::AmplitudeFit)),
               ElementsAre("background 7 8 9", "pen width 1", "fill 0 0 400 300 with 7 8 9",
-                          "clip 0 0 400 300", "color 0 0 0", "image 600 0 0 376 79", "clip off",
-                          "clean up", "show 0 0 400 300"));
+                          "clip 0 0 400 300", "image 600 0 0 376 79", "clip off", "clean up",
+                          "show 0 0 400 300"));
   OpenFit(ViewKind::DurationFit);
   View(ViewKind::DurationFit).Colors[0] = {4, 5, 6};
   EXPECT_THAT(Frame(Paint(ViewKind::DurationFit)),
               ElementsAre("background 4 5 6", "pen width 1", "fill 0 0 400 300 with 4 5 6",
-                          "clip 0 0 400 300", "color 0 0 0", "image 601 0 0 355 67", "clip off",
-                          "clean up", "show 0 0 400 300"));
+                          "clip 0 0 400 300", "image 601 0 0 355 67", "clip off", "clean up",
+                          "show 0 0 400 300"));
 }
 
 TEST_F(FitViewsTest, APaintDrawsTheTableOfItsOwnModel) {
@@ -152,13 +152,26 @@ TEST_F(FitViewsTest, ATermThatAGestureJustAddedShowsNoWeight) {
       AllOf(Contains(EndingAt(98, 141, "0.000")), Contains(EndingAt(203, 141, "1.000E-02s"))));
 }
 
-TEST_F(FitViewsTest, ARedrawIsImmediateAndOnWhite) {
+TEST_F(FitViewsTest, ARedrawIsImmediateAndOnTheBackgroundOfTheView) {
+  for (const ViewKind kind : {ViewKind::AmplitudeFit, ViewKind::DurationFit}) {
+    OpenFit(kind);
+    View(kind).Colors[0] = {7, 8, 9};
+    const std::vector<std::string> painted = Paint(kind);
+    ForgetAll();
+    RedrawFitView(workspace(), kind);
+    EXPECT_EQ(Drawn(), painted);
+    EXPECT_THAT(Drawn(), Contains("fill 0 0 400 300 with 7 8 9"));
+    EXPECT_THAT(WindowOf(kind).Invalidated, IsEmpty());
+  }
+}
+
+TEST_F(FitViewsTest, ARedrawWhileAFitRunsIsOnWhiteWhateverTheBackground) {
   for (const ViewKind kind : {ViewKind::AmplitudeFit, ViewKind::DurationFit}) {
     OpenFit(kind);
     const std::vector<std::string> painted = Paint(kind);
     View(kind).Colors[0] = {7, 8, 9};
     ForgetAll();
-    RedrawFitView(workspace(), kind);
+    RedrawFitViewOnWhite(workspace(), kind);
     EXPECT_EQ(Drawn(), painted) << "which was on white";
     EXPECT_THAT(Drawn(), Contains("fill 0 0 400 300 with 65535 65535 65535"));
     EXPECT_THAT(WindowOf(kind).Invalidated, IsEmpty());
@@ -168,6 +181,8 @@ TEST_F(FitViewsTest, ARedrawIsImmediateAndOnWhite) {
 TEST_F(FitViewsTest, ARedrawOfAClosedViewDoesNothing) {
   RedrawFitView(workspace(), ViewKind::AmplitudeFit);
   RedrawFitView(workspace(), ViewKind::DurationFit);
+  RedrawFitViewOnWhite(workspace(), ViewKind::AmplitudeFit);
+  RedrawFitViewOnWhite(workspace(), ViewKind::DurationFit);
   EXPECT_THAT(Drawn(), IsEmpty());
 }
 
@@ -342,6 +357,24 @@ TEST_F(FitViewsTest, ClosingTheDurationViewLeavesItsFirstTermAsItIs) {
   EXPECT_EQ(duration().Terms[0].Area, 100.0);
   EXPECT_EQ(amplitude().TermCount, 3);
   EXPECT_EQ(amplitude().MarkerCount, 3);
+}
+
+TEST_F(FitViewsTest, ClosingEndsTheGestureOnItsOwnHistogramAlone) {
+  OpenFit(ViewKind::AmplitudeFit);
+  OpenFit(ViewKind::DurationFit);
+  const auto handler = [](ChildWindow*, int, int) {};
+  for (const ViewKind kind : {ViewKind::Amplitude, ViewKind::Duration}) {
+    View(kind).Gesture.OnMove = handler;
+    View(kind).Gesture.OnRelease = handler;
+  }
+  DestroyView(workspace(), ViewKind::AmplitudeFit);
+  EXPECT_EQ(View(ViewKind::Amplitude).Gesture.OnMove, nullptr);
+  EXPECT_EQ(View(ViewKind::Amplitude).Gesture.OnRelease, nullptr);
+  EXPECT_NE(View(ViewKind::Duration).Gesture.OnMove, nullptr);
+  EXPECT_NE(View(ViewKind::Duration).Gesture.OnRelease, nullptr);
+  DestroyView(workspace(), ViewKind::DurationFit);
+  EXPECT_EQ(View(ViewKind::Duration).Gesture.OnMove, nullptr);
+  EXPECT_EQ(View(ViewKind::Duration).Gesture.OnRelease, nullptr);
 }
 
 TEST_F(FitViewsTest, ClosingRepaintsTheHistogramThatLosesItsCurves) {

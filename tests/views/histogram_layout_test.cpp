@@ -119,6 +119,15 @@ TEST_F(HistogramLayoutTest, ABinOfExactlyOnePixelStaysOnePixel) {
   EXPECT_EQ(amplitude().PixelsPerBin, 1.0);
 }
 
+TEST_F(HistogramLayoutTest, ABinBetweenOneAndTwoPixelsIsCutToOne) {
+  amplitude().TickMarks = 40;
+  LayAmplitudeOnScreen(kRect);  // 800 bins of 1.575
+  EXPECT_EQ(amplitude().PixelsPerBin, 1.0);
+  duration().Decades = 32;
+  LayDurationOnScreen(kRect);  // 640 bins of 1.97
+  EXPECT_EQ(duration().PixelsPerBin, 1.0);
+}
+
 TEST_F(HistogramLayoutTest, BinsThinnerThanAPixelKeepTheirWidth) {
   amplitude().TickMarks = 126;
   LayAmplitudeOnScreen(kRect);  // 2520 bins
@@ -189,6 +198,17 @@ TEST_F(HistogramLayoutTest, WithoutAMinimumAnEmptyHistogramHasOneInterval) {
   duration().MinimumTicks = -3;
   EXPECT_DOUBLE_EQ(AmplitudeIntervals(), 1.0);
   EXPECT_DOUBLE_EQ(DurationIntervals(), 1.0);
+}
+
+TEST_F(HistogramLayoutTest, ATallestBarBelowZeroHasTheMinimumOfTicks) {
+  amplitude().CountsPerTick = 10;
+  duration().CountsPerTick = 10;
+  for (const double tallest : {-1.0, -10.0, -15.0, -1e9}) {
+    amplitude().YMaximum = tallest;
+    duration().YMaximum = tallest;
+    EXPECT_DOUBLE_EQ(AmplitudeIntervals(), 2.0);
+    EXPECT_DOUBLE_EQ(DurationIntervals(), 2.0);
+  }
 }
 
 TEST_F(HistogramLayoutTest, NothingBetweenTicksCountsAsOneCount) {

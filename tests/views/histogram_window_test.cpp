@@ -112,6 +112,32 @@ TEST_F(HistogramWindowTest, AfterwardsTheContextHasNoDevice) {
   EXPECT_EQ(workspace().Graphics.Device.Dc, nullptr);
 }
 
+/// A box lets paint messages through. The second count succeeds, so that no other box stands.
+TEST_F(HistogramWindowTest, APaintWhileABoxTellsThatCountingFailedIsCompleteInItself) {
+  const std::vector<std::string> whole = [&] {
+    Redraw(ViewKind::Duration);  // counted by now
+    return Paint(ViewKind::Duration);
+  }();
+  toolkit::FreeMemory(workspace().Duration.Bins);
+  toolkit::FreeMemory(workspace().Duration.Edges);
+  workspace().Duration.Bins = nullptr;
+  workspace().Duration.Edges = nullptr;
+  std::vector<std::string> nested;
+  shell().WhileBoxStands = [&](FrameWindow*) {
+    EXPECT_THAT(Drawn(), IsEmpty()) << "nothing is half drawn";
+    nested = Paint(ViewKind::Duration);
+  };
+  shell().Allocation = {.Next = 1};
+  const std::vector<std::string> both = Redraw(ViewKind::Duration);
+  shell().WhileBoxStands = nullptr;
+  EXPECT_EQ(Messages().size(), std::size_t{1});
+  EXPECT_EQ(nested, whole);
+  ASSERT_GE(both.size(), whole.size());
+  EXPECT_TRUE(std::equal(whole.rbegin(), whole.rend(), both.rbegin()))
+      << "the drawing that had to wait is complete too";
+  EXPECT_EQ(workspace().Graphics.Device.Dc, nullptr);
+}
+
 TEST_F(HistogramWindowTest, AnEmptyWindowIsPaintedWithoutHarm) {
   for (const ViewKind kind : kBoth) {
     WindowOf(kind).Client = {0, 0, 0, 0};

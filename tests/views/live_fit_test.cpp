@@ -123,11 +123,14 @@ TEST_F(LiveFitTest, EachModelShowsItsOwnViewsAlone) {
 
 TEST_F(LiveFitTest, TheTableIsClearedToWhiteWhateverTheColourOfItsView) {
   View(ViewKind::AmplitudeFit).Colors[0] = {7, 8, 9};
-  point_ = {1.0, 2.5, 0.75};
-  ShowAmplitude(0);
-  const std::vector<std::string> backgrounds = LinesWith(Drawn(), "background ");
-  ASSERT_FALSE(backgrounds.empty());
-  EXPECT_EQ(backgrounds.back(), "background 65535 65535 65535");
+  View(ViewKind::DurationFit).Colors[0] = {7, 8, 9};
+  for (const bool isAmplitude : {true, false}) {
+    point_ = isAmplitude ? ParameterVector{1.0, 2.5, 0.75} : ParameterVector{0.004, 1.0};
+    isAmplitude ? ShowAmplitude(0) : ShowDuration(0);
+    const std::vector<std::string> backgrounds = LinesWith(Drawn(), "background ");
+    ASSERT_FALSE(backgrounds.empty());
+    EXPECT_EQ(backgrounds.back(), "background 65535 65535 65535");
+  }
 }
 
 TEST_F(LiveFitTest, ACurrentBesideTheAxisIsToldAndShownAtItsEnd) {

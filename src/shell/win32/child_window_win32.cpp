@@ -8,8 +8,8 @@ namespace {
 
 static_assert(static_cast<int>(ScrollCode::ThumbPosition) == SB_THUMBPOSITION &&
               static_cast<int>(ScrollCode::EndScroll) == SB_ENDSCROLL);
-static_assert(kKeyPageUp == VK_PRIOR && kKeyPageDown == VK_NEXT && kKeyEnd == VK_END &&
-              kKeyHome == VK_HOME && kKeyLeft == VK_LEFT && kKeyUp == VK_UP &&
+static_assert(kKeyBreak == VK_CANCEL && kKeyPageUp == VK_PRIOR && kKeyPageDown == VK_NEXT &&
+              kKeyEnd == VK_END && kKeyHome == VK_HOME && kKeyLeft == VK_LEFT && kKeyUp == VK_UP &&
               kKeyRight == VK_RIGHT && kKeyDown == VK_DOWN && kKeyF4 == VK_F4 && kKeyF6 == VK_F6);
 
 /// A mouse position as views get it: x unsigned, y signed.

@@ -90,6 +90,7 @@ Inside::Inside(Window window) : window_(window) {
 }
 
 Inside::~Inside() {
+  while (IsPaused()) Resume();
   UnhookWindowsHookEx(queueHook_);
   UnhookWindowsHookEx(sentHook_);
   UnmapViewOfFile(board_);
@@ -162,6 +163,10 @@ void Inside::PassInput() {
   PressKey(kBarrierKey);
   WaitFor("the program to work off keys and mouse",
           [this, before] { return board_->BarrierKeys > before; });
+}
+
+void Inside::PauseAtKey(Window window) {
+  window.Post(WM_KEYDOWN, kPauseKey, 1);
 }
 
 }  // namespace ondrel::e2e

@@ -53,6 +53,12 @@ class Inside {
   /// The same for keys and mouse. A window of the program has to be in the foreground.
   void PassInput();
 
+  /// Posts a key at which the program stops when it takes it from its queue, be it in its message
+  /// loop or in the middle of a fit. While it stands still it answers no question.
+  void PauseAtKey(Window window);
+  [[nodiscard]] bool IsPaused() const { return board_->Resumes < board_->Pauses; }
+  void Resume() { InterlockedIncrement(&board_->Resumes); }
+
  private:
   void Ask(Window window, ProbeQuery query);
   std::vector<MenuEntry> ReadMenu() const;

@@ -76,6 +76,19 @@ void Answer(ProbeBoard& board, HWND window, ProbeQuery query) {
   InterlockedIncrement(&board.Answers);
 }
 
+/// Holds the program until the driver lets it go on, with all that it has drawn on the screen. A
+/// driver that has died does not hold it for ever.
+void Pause(ProbeBoard& board) {
+  constexpr DWORD kLongest = 30000;  // ms
+  constexpr UINT kNobodysMessage = 0xBFFF;
+  // What is drawn may be kept back until a look into the queue finds nothing.
+  MSG none{};
+  PeekMessageA(&none, nullptr, kNobodysMessage, kNobodysMessage, PM_NOREMOVE);
+  const DWORD start = GetTickCount();
+  InterlockedIncrement(&board.Pauses);
+  while (board.Resumes < board.Pauses && GetTickCount() - start < kLongest) Sleep(1);
+}
+
 }  // namespace
 }  // namespace ondrel::e2e
 
@@ -102,6 +115,7 @@ extern "C" __declspec(dllexport) LRESULT CALLBACK
     // Without a window that has the focus, keys arrive as system keys.
     const bool keyDown = message->message == WM_KEYDOWN || message->message == WM_SYSKEYDOWN;
     if (keyDown && message->wParam == kBarrierKey) InterlockedIncrement(&Board()->BarrierKeys);
+    if (keyDown && message->wParam == kPauseKey) Pause(*Board());
   }
   return CallNextHookEx(nullptr, code, wParam, lParam);
 }

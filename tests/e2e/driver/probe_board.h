@@ -10,7 +10,9 @@ namespace ondrel::e2e {
 inline constexpr const char* kProbeMessage = "OndrelE2eProbe";
 inline constexpr const char* kBarrierMessage = "OndrelE2eBarrier";
 inline constexpr const char* kBoardName = "OndrelE2eBoard.";  // and the process's id
-inline constexpr int kBarrierKey = VK_F15;  // on no keyboard, and nothing answers to it
+// On no keyboard, and nothing answers to them.
+inline constexpr int kBarrierKey = VK_F15;
+inline constexpr int kPauseKey = VK_F16;  // holds the program where it takes it from its queue
 
 /// Sent with kProbeMessage as the first parameter.
 enum class ProbeQuery : WPARAM {
@@ -37,6 +39,8 @@ struct ProbeBoard {
   volatile LONG Answers;      // questions answered so far
   volatile LONG LastBarrier;  // first parameter of the last barrier message taken from the queue
   volatile LONG BarrierKeys;  // barrier keys taken from the queue so far
+  volatile LONG Pauses;       // pause keys taken from the queue so far
+  volatile LONG Resumes;      // counted by the driver; the program goes on when it has caught up
   ScrollAnswer Scroll;
   int NeedsPaint;
   char Lines[32768];

@@ -81,9 +81,19 @@ class Program {
   void DoubleClickAt(Point place) const;
   /// Presses at `from`, moves in several steps as a hand does, each taken up, releases at `to`.
   void Drag(Point from, Point to) const;
+  /// The parts of a drag, each taken up, for a look at what stands there meanwhile.
+  void Press(Point place) const;
+  void MoveHeld(Point place) const;
+  void Release() const;
   void ToForeground() const;
   [[nodiscard]] ScrollBar Scroll(Window view) const { return inside_->VerticalScroll(view); }
   void WaitForScroll(Window view, int position) const;
+  /// Posts a key at which the program stops when it takes it for `view` from its queue: inside a
+  /// fit that is between two passes.
+  void PostPause(Window view) const { inside_->PauseAtKey(view); }
+  /// Waits until it has stopped. Until Resume it answers nothing; only pictures can be taken.
+  void WaitForPause() const;
+  void Resume() const { inside_->Resume(); }
   /// Waits until what was posted is done and nothing of the window waits to be painted.
   void Settle(Window view) const;
 
@@ -94,6 +104,10 @@ class Program {
   // --- Pictures ----------------------------------------------------------------------------------
   /// The client area of a view that nothing covers, settled, with the pointer out of the way.
   [[nodiscard]] Picture ClientPicture(Window view) const;
+  /// The same with the pointer left where it is, which may hold something.
+  [[nodiscard]] Picture HeldPicture(Window view) const;
+  /// The picture of a view of a program that stands still.
+  [[nodiscard]] Picture PausedPicture(Window view) const;
   /// Takes pictures until one pleases, and returns it. Fails when none does in time.
   [[nodiscard]] Picture WaitForPicture(Window view, const std::string& what,
                                        const std::function<bool(const Picture&)>& pleases) const;

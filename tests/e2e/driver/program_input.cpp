@@ -53,20 +53,30 @@ void Program::DoubleClickAt(Point place) const {
 
 void Program::Drag(Point from, Point to) const {
   constexpr int kSteps = 8;
+  Press(from);
+  for (int step = 1; step <= kSteps; ++step) {
+    MoveHeld({from.X + (to.X - from.X) * step / kSteps, from.Y + (to.Y - from.Y) * step / kSteps});
+  }
+  Release();
+}
+
+void Program::Press(Point place) const {
   ToForeground();
-  MovePointer(from);
+  MovePointer(place);
   HoldButton();
   inside_->PassInput();
-  for (int step = 1; step <= kSteps; ++step) {
-    // A display server may report an earlier place once more: the move counts when it stays.
-    const Point place{from.X + (to.X - from.X) * step / kSteps,
-                      from.Y + (to.Y - from.Y) * step / kSteps};
-    WaitFor("the pointer to stay where it was moved", [&] {
-      MovePointer(place);
-      inside_->PassInput();
-      return PointerIsAt(place);
-    });
-  }
+}
+
+void Program::MoveHeld(Point place) const {
+  // A display server may report an earlier place once more: the move counts when it stays.
+  WaitFor("the pointer to stay where it was moved", [&] {
+    MovePointer(place);
+    inside_->PassInput();
+    return PointerIsAt(place);
+  });
+}
+
+void Program::Release() const {
   ReleaseButton();
   inside_->PassInput();
 }
@@ -80,6 +90,10 @@ void Program::WaitForScroll(Window view, int position) const {
         return last == position;
       },
       [&] { return "it stands at " + std::to_string(last); });
+}
+
+void Program::WaitForPause() const {
+  Await("the program to stand still", [this] { return inside_->IsPaused(); });
 }
 
 void Program::Settle(Window view) const {
@@ -101,7 +115,15 @@ void Program::PlaceFrame(const Rect& place) const {
 
 Picture Program::ClientPicture(Window view) const {
   MovePointer({0, GetSystemMetrics(SM_CYSCREEN) - 1});
+  return HeldPicture(view);
+}
+
+Picture Program::HeldPicture(Window view) const {
   Settle(view);
+  return PausedPicture(view);
+}
+
+Picture Program::PausedPicture(Window view) const {
   // What is drawn reaches the screen a little later; two pictures alike show that it has.
   Picture last;
   Await("the picture of '" + view.Title() + "' to stand still", [&] {

@@ -39,7 +39,15 @@ void SetFailureWitness(std::function<void(const std::string&)> witness) {
 }
 
 void Fail(const std::string& message) {
-  if (Witness()) Witness()(message);
+  // A witness that fails itself has no witness.
+  const std::function<void(const std::string&)> witness = std::exchange(Witness(), {});
+  if (witness) {
+    try {
+      witness(message);
+    } catch (const Failure&) {
+    }
+  }
+  Witness() = witness;
   throw Failure(message);
 }
 
