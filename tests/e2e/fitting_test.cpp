@@ -64,6 +64,15 @@ TEST_P(Estimates, ManualFitOpensTheParametersOnceAndTurnsAutomaticFitOn) {
 
 TEST_P(Estimates, ClosingTheParametersTakesCurveHandlesAndAutomaticFitAway) {
   OpenHistogramWithFit(RecordingOf({}));
+  // Without the tables nothing covers the histogram afterwards and has it painted for that.
+  for (const int table : {command::kViewLevel, command::kViewEvent}) {
+    program_.Command(table);
+    program_.WaitForTopView(table == command::kViewLevel ? "Level" : "Event");
+    program_.Key(VK_F4, {VK_CONTROL});
+  }
+  program_.WaitForNoView("Event");
+  program_.Command(Kind().View);
+  program_.WaitForViews({Kind().Histogram, Kind().Fit});
   const Plot plot = hand_.PlotNow();
   EXPECT_TRUE(ShowsHandle(HistogramPicture(), plot, plot.OnAxis(Kind().FirstEstimate)));
   hand_.DoubleClick(plot.OnAxis(Spot(5)));
@@ -71,9 +80,7 @@ TEST_P(Estimates, ClosingTheParametersTakesCurveHandlesAndAutomaticFitAway) {
   program_.Command(Kind().ManualFit);
   program_.WaitForTopView(Kind().Fit);
   program_.Key(VK_F4, {VK_CONTROL});
-  program_.WaitForNoView(Kind().Fit);
-  program_.Command(Kind().View);
-  program_.WaitForTopView(Kind().Histogram);
+  program_.WaitForViews({Kind().Histogram});
   EXPECT_EQ(HistogramPicture().Count(kBlue), 0);
   EXPECT_FALSE(CanFit());
   hand_.Click(plot.OnAxis(Spot(2)));  // no gesture without the table
@@ -133,7 +140,7 @@ TEST_P(Estimates, DoubleClicksBesideTheAxisAddNothing) {
   const Picture before = HistogramPicture();
   const Point spot = plot.OnAxis(Spot(5));
   const Point beside[] = {{spot.X, spot.Y + 3},
-                          {spot.X, spot.Y - 3},
+                          {spot.X + 40, spot.Y - 3},
                           {spot.X, spot.Y - 60},
                           {static_cast<int>(plot.Left) - 2, spot.Y},
                           {static_cast<int>(plot.Right) + 2, spot.Y}};
@@ -232,7 +239,19 @@ FOR_BOTH_HISTOGRAMS(Estimates);
 
 // --- What only one of the two has ----------------------------------------------------------------
 
-class AmplitudeEstimates : public Estimates {};
+class AmplitudeEstimates : public Estimates {
+ protected:
+  /// The bar reaches from the middle of the peak half a standard deviation to either side. Looked
+  /// at is what stands out of the handle on the left.
+  static bool ShowsWidthBar(const Picture& view, const Plot& plot, Point peak, double stdDev) {
+    const int left = peak.X - static_cast<int>(stdDev * plot.PerUnit / 2.0) + 2;
+    const int right = peak.X - static_cast<int>(plot.HandleHalf) - 2;
+    for (int y = peak.Y - 1; y <= peak.Y + 1; ++y) {
+      if (view.Cut({left, y, right, y + 1}).Count(kBlue) == right - left) return true;
+    }
+    return false;
+  }
+};
 
 TEST_P(AmplitudeEstimates, TheSecondHandleWidensATermAndKeepsItsHeight) {
   OpenHistogramWithFit(RecordingOf({}));
@@ -245,6 +264,7 @@ TEST_P(AmplitudeEstimates, TheSecondHandleWidensATermAndKeepsItsHeight) {
     hand_.Move({handle.X + moved, handle.Y});
     const Picture view = program_.HeldPicture(Histogram());
     EXPECT_TRUE(ShowsHandle(view, plot, peak)) << stdDev;
+    EXPECT_TRUE(ShowsWidthBar(view, plot, peak, stdDev)) << stdDev;
     // A pixel of the width is up to four of the height where the curve is steep.
     EXPECT_TRUE(CurvePasses(view, Above(plot, 2.5 + stdDev, 0.6 * CurveBeside(1.0, 1.0)), 6))
         << stdDev;
@@ -260,10 +280,11 @@ TEST_P(AmplitudeEstimates, TheSecondHandleDoesNotCrossThePeaks) {
   const Plot plot = hand_.PlotNow();
   const Point peak = LiftFirstTerm(2.5, 0.6);
   const Point handle = WidthHandle(plot, peak, 1.0);
-  hand_.Drag(handle, {peak.X - 100, peak.Y});
-  const double narrowest = Table().Terms.at(0).StdDev;
-  EXPECT_GT(narrowest, 0.0);
-  EXPECT_LE(narrowest, 1.0);
+  hand_.Press(handle);
+  for (int x = peak.X + 20; x > peak.X - 10; x -= 2) hand_.Move({x, peak.Y});
+  hand_.Release();
+  // Its middle stops at the right side of the other, half of its own width from the peak.
+  EXPECT_NEAR(Table().Terms.at(0).StdDev, plot.HandleHalf / plot.PerUnit, 2.0 * 2.0 / plot.PerUnit);
   EXPECT_TRUE(ShowsHandle(HistogramPicture(), plot, peak));
 }
 
