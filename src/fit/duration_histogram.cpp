@@ -6,6 +6,7 @@
 
 #include "fit/histogram_axis.h"
 #include "fit/histogram_bins.h"
+#include "workspace/power_of_ten.h"
 #include "workspace/truncate.h"
 #include "workspace/workspace.h"
 
@@ -26,7 +27,7 @@ constexpr double kShortestFittedDivisor = 6.0;
 void FillEdges(DurationHistogram& histogram) {
   for (std::int64_t i = 0; i <= CountBins(histogram); ++i) {
     const double decades = static_cast<double>(i) / histogram.BinsPerDecade;
-    histogram.Edges[i] = std::pow(10.0, histogram.MinimumExponent + decades);
+    histogram.Edges[i] = PowerOfTen(histogram.MinimumExponent + decades);
   }
 }
 

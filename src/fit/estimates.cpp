@@ -7,6 +7,7 @@
 
 #include "fit/amplitude_model.h"
 #include "fit/histogram_axis.h"
+#include "workspace/power_of_ten.h"
 
 namespace ondrel {
 namespace {
@@ -39,7 +40,7 @@ double PlaceOf(const AmplitudeHistogram& histogram, const GraphFrame& frame, dou
 double TimeConstantAt(const DurationHistogram& histogram, const GraphFrame& frame, double x) {
   const double exponent =
       (x - frame.PlotLeft) / histogram.PixelsPerDecade + histogram.MinimumExponent;
-  return std::pow(10.0, exponent);
+  return PowerOfTen(exponent);
 }
 
 double PlaceOf(const DurationHistogram& histogram, const GraphFrame& frame, double timeConstant) {
@@ -229,7 +230,7 @@ void ResetFirstTerm(AmplitudeHistogram& histogram) {
 
 void ResetFirstTerm(DurationHistogram& histogram) {
   histogram.Terms[0] = {
-      .Weight = 0.0, .TimeConstant = std::pow(10.0, histogram.MinimumExponent + 1.0), .Area = 0.0};
+      .Weight = 0.0, .TimeConstant = PowerOfTen(histogram.MinimumExponent + 1.0), .Area = 0.0};
 }
 
 }  // namespace ondrel

@@ -1,11 +1,10 @@
 #include "fit/fit_models.h"
 
-#include <cmath>
-
 #include "fit/amplitude_model.h"
 #include "fit/bin_likelihood.h"
 #include "fit/duration_model.h"
 #include "fit/histogram_axis.h"
+#include "workspace/power_of_ten.h"
 
 namespace ondrel {
 namespace {
@@ -185,9 +184,9 @@ std::int32_t StoreTerms(AmplitudeHistogram& histogram, ParameterVector& point) {
 }
 
 std::int32_t StoreTerms(DurationHistogram& histogram, ParameterVector& point) {
-  const double shortest = std::pow(10.0, histogram.MinimumExponent);
+  const double shortest = PowerOfTen(histogram.MinimumExponent);
   // Slightly more than the axis, unlike the currents.
-  const double longest = std::pow(10.0, MaximumOf(histogram)) + shortest;
+  const double longest = PowerOfTen(MaximumOf(histogram)) + shortest;
   std::int32_t status = 0;
   for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
     DurationTerm& term = histogram.Terms[i];

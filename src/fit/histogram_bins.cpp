@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "shell/toolkit.h"
+#include "workspace/power_of_ten.h"
 #include "workspace/report.h"
 #include "workspace/truncate.h"
 
@@ -67,7 +68,7 @@ bool IsOutOfRange(Selection choice, double low, double high, double lower, doubl
 }
 
 double ReadableStep(std::int32_t exponent, double fraction) {
-  const double power = std::pow(10.0, exponent);
+  const double power = PowerOfTen(exponent);
   if (fraction < std::log10(2.0)) return power;
   if (fraction < std::log10(5.0)) return 2.0 * power;
   return 5.0 * power;

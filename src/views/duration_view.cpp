@@ -12,6 +12,7 @@
 #include "views/histogram_window.h"
 #include "views/term_markers.h"
 #include "workspace/number_text.h"
+#include "workspace/power_of_ten.h"
 
 namespace ondrel {
 namespace {
@@ -77,8 +78,7 @@ bool IsMirrored(const DurationHistogram& histogram) {
 /// The right end is one power of the sum: the product of two powers can come out below it.
 bool LiesOnAxis(const DurationHistogram& histogram, std::size_t term) {
   const double time = histogram.Terms[term].TimeConstant;
-  return time >= std::pow(10.0, histogram.MinimumExponent) &&
-         time <= std::pow(10.0, MaximumOf(histogram));
+  return time >= PowerOfTen(histogram.MinimumExponent) && time <= PowerOfTen(MaximumOf(histogram));
 }
 
 constexpr HistogramTwin<DurationHistogram> kTwin = {
