@@ -14,6 +14,7 @@
 #include "fit/fit_models.h"
 #include "fit/histogram_fixture.h"
 #include "support/random_seed.h"
+#include "workspace/power_of_ten.h"
 
 namespace ondrel {
 namespace {
@@ -68,7 +69,7 @@ class DurationRoundingTest : public HistogramTest {
     return sum;
   }
 
-  static double Edge(int i) { return std::pow(10.0, -4 + i / 7.0); }
+  static double Edge(int i) { return PowerOfTen(-4 + i / 7.0); }
 
   double Mass(double low, double high) {
     double sum = 0.0;

@@ -286,8 +286,8 @@ TEST_F(StoreTermsTest, ACurrentBesideTheAxisIsSetToItsEnd) {
 TEST_F(StoreTermsTest, ATimeConstantBesideTheAxisIsSetToItsEnd) {
   ParameterVector point{1e-6, 0.5, 3.0, 0.5};
   EXPECT_EQ(StoreTerms(duration(), point), -1);
-  EXPECT_EQ(point[0], std::pow(10.0, -5));
-  EXPECT_EQ(point[2], 1.0 + std::pow(10.0, -5)) << "slightly more than the axis";
+  EXPECT_EQ(point[0], 1e-5);
+  EXPECT_EQ(point[2], 1.0 + 1e-5) << "slightly more than the axis";
   EXPECT_EQ(ParametersOf(duration()), point);
   EXPECT_EQ(StoreTerms(duration(), point), 0);
 }

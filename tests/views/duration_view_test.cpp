@@ -125,7 +125,7 @@ TEST_F(DurationViewTest, ATermOutsideTheAxisHasNoMarkerAndStillItsCurve) {
 
 TEST_F(DurationViewTest, TermsAtBothEndsOfTheAxisLieOnIt) {
   OpenFitView();
-  SetTimeConstants({std::pow(10.0, -5.0), std::pow(10.0, -3.0)});
+  SetTimeConstants({1e-5, 1e-3});
   DrawFit();
   EXPECT_EQ(duration().MarkerCount, 2);
 }
@@ -134,8 +134,8 @@ TEST_F(DurationViewTest, TheEndOfTheAxisIsThePowerOfTheSumOfItsExponents) {
   OpenFitView();
   duration().MinimumExponent = -6;
   duration().Decades = 1;
-  const double end = std::pow(10.0, -5.0);
-  ASSERT_LT(std::pow(10.0, -6.0) * std::pow(10.0, 1.0), end);
+  const double end = 1e-5;
+  ASSERT_LT(1e-6 * 1e1, end);
   SetTimeConstants({end, std::nextafter(end, 1.0)});
   DrawFit();
   EXPECT_EQ(duration().MarkerCount, 1);
