@@ -1,8 +1,7 @@
-// exp and log for the inner loops of a fit, most of whose time goes into them. An exp of the C
-// runtime of Windows takes about 4 times as long: a fit of three terms needs 2 to 3 ms with these
-// and 24 to 30 ms with those. They ask nothing of the library, so that the same argument gives the
-// same bits on every build; a whole fit may still differ in the last ones, since the edges of bins
-// come from the library's pow.
+// exp and log for the inner loops of a fit, most of whose time goes into them: those of the C
+// runtime of Windows take about 4 times as long. They ask nothing of the library, so that the same
+// argument gives the same bits on every build. A whole duration fit may still differ in the last
+// ones, since the edges of bins inside a decade come from the library's pow.
 //
 // Both look the leading part of the result up in a table and correct it by a short polynomial (P.
 // T. P. Tang, ACM Transactions on Mathematical Software 15, 1989, and 16, 1990). The largest errors
