@@ -8,9 +8,9 @@
 namespace ondrel {
 namespace {
 
-void ShowRescaled(Workspace& workspace, ViewKind histogram, ViewKind fit) {
+void ShowRescaled(Workspace& workspace, ViewKind histogram) {
   ViewOf(workspace, histogram).NeedsRebuild = true;
-  ViewOf(workspace, fit).NeedsRebuild = true;
+  ViewOf(workspace, FitViewOf(histogram)).NeedsRebuild = true;
   RefreshViews(workspace);
 }
 
@@ -18,12 +18,12 @@ void ShowRescaled(Workspace& workspace, ViewKind histogram, ViewKind fit) {
 
 void AutoscaleAmplitudeCommand(FrameWindow* frame) {
   AutoscaleAmplitude(*frame->Owner);
-  ShowRescaled(*frame->Owner, ViewKind::Amplitude, ViewKind::AmplitudeFit);
+  ShowRescaled(*frame->Owner, ViewKind::Amplitude);
 }
 
 void AutoscaleDurationCommand(FrameWindow* frame) {
   AutoscaleDuration(*frame->Owner);
-  ShowRescaled(*frame->Owner, ViewKind::Duration, ViewKind::DurationFit);
+  ShowRescaled(*frame->Owner, ViewKind::Duration);
 }
 
 }  // namespace ondrel

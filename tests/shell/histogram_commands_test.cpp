@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
+
 #include "support/program_test.h"
 
 namespace ondrel {
@@ -20,6 +23,13 @@ class HistogramCommandsTest : public ProgramTest {
       Choose(command::kDurationManualFit);
       for (const auto& child : shell().Children) child->Invalidated.clear();
       act();
+    });
+  }
+
+  bool HasDrawn(const std::string& text) {
+    const auto& drawing = shell().Drawing;
+    return std::any_of(drawing.begin(), drawing.end(), [&](const std::string& line) {
+      return line.starts_with("text ") && line.ends_with(text);
     });
   }
 
@@ -55,6 +65,27 @@ TEST_F(HistogramCommandsTest, AutoscaleOfDurationsFitsTheAxisAndRepaintsItsTwoVi
     EXPECT_EQ(Repaints(ViewKind::Amplitude), 0u);
     EXPECT_EQ(Repaints(ViewKind::AmplitudeFit), 0u);
     EXPECT_FALSE(ViewOf(workspace(), ViewKind::Duration).NeedsRebuild);
+  });
+}
+
+/// The whole program stands behind the command: its models and its display.
+TEST_F(HistogramCommandsTest, AutomaticFitShowsItsPassesAndLeavesAFittedTerm) {
+  RunWithHistograms([&] {
+    Choose(command::kAmplitudeAutoscale);
+    workspace().Amplitude.Terms[0] = {.Weight = 0.3, .Current = 2.1, .StdDev = 0.5, .Area = 0.0};
+    shell().Drawing.clear();
+    Choose(command::kAmplitudeAutomaticFit);
+    EXPECT_TRUE(HasDrawn("Iteration:  1"));
+    EXPECT_EQ(workspace().Amplitude.Terms[0].Weight, 1.0);
+    EXPECT_NEAR(workspace().Amplitude.Terms[0].Current, 2.0, 0.1);
+
+    Choose(command::kDurationAutoscale);
+    workspace().Duration.Terms[0] = {.Weight = 0.3, .TimeConstant = 0.05, .Area = 0.0};
+    shell().Drawing.clear();
+    Choose(command::kDurationAutomaticFit);
+    EXPECT_TRUE(HasDrawn("Iteration:  1"));
+    EXPECT_EQ(workspace().Duration.Terms[0].Weight, 1.0);
+    EXPECT_NE(workspace().Duration.Terms[0].TimeConstant, 0.05);
   });
 }
 

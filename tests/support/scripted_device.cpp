@@ -86,13 +86,14 @@ void ReleaseDevice(ChildWindow*, DeviceRecord& device) {
   device.Dc = nullptr;
 }
 
-BufferRecord BeginBuffer(const DeviceRecord&, const IntRect&) {
-  BufferRecord buffer;
-  buffer.Device = AcquireDevice(nullptr);
-  return buffer;
+BufferRecord BeginBuffer(const DeviceRecord& device, const IntRect&) {
+  static char bitmap;
+  if (TheShell().NoBuffers) return {.Device = device};
+  return {.Device = AcquireDevice(nullptr), .Bitmap = &bitmap};
 }
 
 void EndBuffer(const DeviceRecord&, BufferRecord& buffer, const IntRect& rect) {
+  if (buffer.Bitmap == nullptr) return;
   Draw("show " + Text(rect));
   ReleaseDevice(nullptr, buffer.Device);
 }

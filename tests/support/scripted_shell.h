@@ -145,6 +145,7 @@ struct Shell {
   int WaitCursorChanges = 0;
   double DeviceDpi = kScreenDpi;
   std::int32_t ExternalLeading = 0;  // of every font
+  bool NoBuffers = false;            // there is no room to draw out of sight
   std::int32_t ImageError = 0;       // what drawing a picture of the resources comes to
   std::uint32_t Ticks = 0;
   std::uint32_t DoubleClickTime = 500;

@@ -54,6 +54,17 @@ TEST_F(HistogramWindowTest, APictureIsMadeOutOfSightAndShownAtTheEnd) {
   }
 }
 
+TEST_F(HistogramWindowTest, WithoutRoomOutOfSightTheSamePictureIsDrawnInTheWindow) {
+  for (const ViewKind kind : kBoth) {
+    shell().NoBuffers = false;
+    std::vector<std::string> buffered = Redraw(kind);
+    ASSERT_EQ(buffered.back(), "show 0 0 401 307");
+    buffered.pop_back();
+    shell().NoBuffers = true;
+    EXPECT_EQ(Redraw(kind), buffered);
+  }
+}
+
 TEST_F(HistogramWindowTest, EachKindShowsItsOwnHistogram) {
   EXPECT_THAT(Words(Redraw(ViewKind::Amplitude)), Contains("Amplitude (pA)"));
   EXPECT_THAT(Words(Redraw(ViewKind::Amplitude)), Not(Contains("log Duration (s)")));
