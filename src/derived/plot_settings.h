@@ -47,13 +47,27 @@ struct DurationScatterSettings {
   bool ShowLabels = true;
 };
 
-/// `ShowLabels` stands before `ShowAxes` here, the reverse of the other graphs.
+/// What each level adds to the running average of the stationarity plot.
+enum class StationarityType : std::uint8_t { One, Amplitude, Duration, Level };
+
+/// `ShowLabels` stands before `ShowAxes` here, the reverse of the other graphs. What follows
+/// `ShortestSweep` is worked out anew for each rectangle that the plot is drawn in.
 struct StationaritySettings {
   bool ShowLabels = true;
   bool ShowAxes = true;
-  std::uint8_t Type = 0;
-  double Tau = 0.1;            // s
+  StationarityType Type = StationarityType::One;
+  double Tau = 0.1;            // s; width of the averaging kernel
   double ShortestSweep = 0.0;  // s; duration of the shortest selected sweep
+
+  double TickSpacing = 0.0;       // s; step of the time axis
+  double TickPixels = 0.0;        // device units per step
+  std::int32_t TimeDecimals = 0;  // of the numbers of the time axis
+  double ValueMin = 0.0;          // the lowest sample rounded down to a tick, in its unit
+  double ValueMax = 0.0;          // the highest sample
+  double ValueTick = 0.0;         // step of the value axis
+  double ValueTickPixels = 0.0;   // device units per step, a whole number
+  std::int32_t SampleCount = 0;
+  double* StationaritySamples = nullptr;  // owned; null without samples
 };
 
 }  // namespace ondrel

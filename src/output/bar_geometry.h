@@ -6,7 +6,7 @@
 
 #include "fit/histogram_records.h"
 #include "output/graphics_sink.h"
-#include "output/plot_geometry.h"
+#include "workspace/geometry.h"
 
 namespace ondrel {
 

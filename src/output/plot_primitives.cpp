@@ -57,6 +57,22 @@ IntRect DrawRect(const Drawing& drawing, double x1, double y1, double x2, double
   return drawing.Sink.DrawRect(drawing.Context, x1, y1, x2, y2);
 }
 
+void MoveTo(const Drawing& drawing, double x, double y) {
+  drawing.Sink.MoveTo(drawing.Context, x, y);
+}
+
+void LineTo(const Drawing& drawing, double x, double y) {
+  drawing.Sink.LineTo(drawing.Context, x, y);
+}
+
+void StrokePath(const Drawing& drawing) {
+  drawing.Sink.StrokePath(drawing.Context);
+}
+
+void DrawDot(const Drawing& drawing, double x, double y, double size) {
+  drawing.Sink.DrawDot(drawing.Context, y, x, size);
+}
+
 void DrawBars(const Drawing& drawing, HistogramStyle style, double left, double base, double right,
               double top, const BinRecord* bins) {
   switch (style) {

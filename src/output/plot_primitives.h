@@ -42,6 +42,14 @@ void DrawLine(const Drawing& drawing, double x1, double y1, double x2, double y2
 /// A hollow rectangle. Returns its edges truncated.
 IntRect DrawRect(const Drawing& drawing, double x1, double y1, double x2, double y2);
 
+// A path: it begins at one point, goes on to others, and is stroked.
+void MoveTo(const Drawing& drawing, double x, double y);
+void LineTo(const Drawing& drawing, double x, double y);
+void StrokePath(const Drawing& drawing);
+
+/// A filled square of side `size` with its middle at (x, y).
+void DrawDot(const Drawing& drawing, double x, double y, double size);
+
 /// The bars of a histogram in its style, in a plot with these edges. `bins` is indexed from 1, and
 /// the bin fields of the context say how many there are and how wide and high they are drawn.
 void DrawBars(const Drawing& drawing, HistogramStyle style, double left, double base, double right,

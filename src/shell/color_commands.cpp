@@ -83,8 +83,7 @@ void ChooseViewColor(FrameWindow* frame, CommandId command) {
 }
 
 bool IsColorCommand(CommandId command) {
-  const ColorCommandRecord* row = FindColorCommand(command);
-  return row != nullptr && CanOpen(row->View);
+  return FindColorCommand(command) != nullptr;
 }
 
 }  // namespace ondrel

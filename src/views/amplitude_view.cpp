@@ -15,7 +15,7 @@ namespace ondrel {
 namespace {
 
 void DrawXAxis(AxisDrawing& axis, const AmplitudeHistogram& histogram, const IntRect& rect) {
-  const GraphFrame& frame = axis.View.Frame;
+  const GraphFrame& frame = axis.Frame;
   const double height = GraphHeight(rect);
   const double base = frame.PlotBottom;
   DrawAxisTitle(axis, HorizontalTitlePlace(frame, height), "Amplitude (pA)");

@@ -5,12 +5,12 @@
 #include <cstdint>
 
 #include "fit/histogram_axis.h"
-#include "output/plot_geometry.h"
 #include "views/estimate_gestures.h"
 #include "views/graph_frame.h"
 #include "views/histogram_parts.h"
 #include "views/histogram_window.h"
 #include "views/term_markers.h"
+#include "workspace/geometry.h"
 #include "workspace/number_text.h"
 #include "workspace/power_of_ten.h"
 
@@ -38,7 +38,7 @@ double OffsetOfMinor(std::int32_t m, std::int32_t ticksPerDecade) {
 /// left.
 bool DrawMinorTicks(AxisDrawing& axis, const DurationHistogram& histogram, double start,
                     double length, std::int32_t& ticksLeft) {
-  const GraphFrame& frame = axis.View.Frame;
+  const GraphFrame& frame = axis.Frame;
   const std::int32_t ticks = std::min(histogram.TicksPerDecade, kMostTicks);
   for (std::int32_t m = 2; m <= ticks + 1; ++m) {
     const double x = start + OffsetOfMinor(m, ticks) * histogram.PixelsPerDecade;
@@ -50,7 +50,7 @@ bool DrawMinorTicks(AxisDrawing& axis, const DurationHistogram& histogram, doubl
 }
 
 void DrawXAxis(AxisDrawing& axis, const DurationHistogram& histogram, const IntRect& rect) {
-  const GraphFrame& frame = axis.View.Frame;
+  const GraphFrame& frame = axis.Frame;
   const double height = GraphHeight(rect);
   const double base = frame.PlotBottom;
   DrawAxisTitle(axis, TitlePlace(histogram, frame, height), "log Duration (s)");

@@ -38,14 +38,12 @@ const RgbColor& BackgroundOf(const Workspace& workspace, const FitView& fit) {
 
 // --- Drawing -------------------------------------------------------------------------------------
 
-/// `device` is the context's.
-void DrawClientArea(Workspace& workspace, const FitView& fit, const IntRect& client,
-                    const RgbColor& background) {
-  DeviceRecord& device = workspace.Graphics.Device;
-  toolkit::FillArea(device, client, background);
+void DrawClipped(Workspace& workspace, const FitView& fit, const Drawing& drawing,
+                 const IntRect& client) {
+  DeviceRecord& device = drawing.Context.Device;
   fit.MeasureColumns(workspace, client);
-  SetClip(OnScreen(workspace), client);
-  fit.DrawTable(workspace, workspace.ScreenSink, client, toolkit::DeviceDpi(device),
+  SetClip(drawing, client);
+  fit.DrawTable(workspace, drawing.Sink, client, toolkit::DeviceDpi(device),
                 FitLineHeight(workspace));
   toolkit::RemoveClip(device);
 }
@@ -55,11 +53,8 @@ void DrawInWindow(ChildWindow* window, const FitView& fit, const DeviceRecord& d
                   const RgbColor& background) {
   Workspace& workspace = *window->Owner;
   const IntRect client = toolkit::ClientRect(window);
-  toolkit::BufferRecord buffer = toolkit::BeginBuffer(device, client);
-  BeginScreenDrawing(workspace, buffer.Device, background);
-  DrawClientArea(workspace, fit, client, background);
-  EndScreenDrawing(workspace);
-  toolkit::EndBuffer(device, buffer, client);
+  DrawOutOfSight(workspace, device, client, background,
+                 [&](const Drawing& drawing) { DrawClipped(workspace, fit, drawing, client); });
 }
 
 template <const FitView& kFit>

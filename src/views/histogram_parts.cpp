@@ -3,32 +3,20 @@
 #include <algorithm>
 #include <cmath>
 
-#include "output/plot_geometry.h"
+#include "workspace/geometry.h"
 #include "workspace/number_text.h"
 
 namespace ondrel {
 namespace {
 
-void UseAxisColor(AxisDrawing& axis) {
-  if (axis.InForce == AxisPart::Axes) return;
-  SetStrokeColor(axis.Target, ColorOf(axis.View, HistogramColor::Axes));
-  axis.InForce = AxisPart::Axes;
-}
-
-void UseLabelColor(AxisDrawing& axis) {
-  if (axis.InForce == AxisPart::Labels) return;
-  SetFillColor(axis.Target, ColorOf(axis.View, HistogramColor::Labels));
-  axis.InForce = AxisPart::Labels;
-}
-
 void DrawCount(AxisDrawing& axis, double y, double count) {
   char text[kNumberTextSize] = "";
   IntegerText(TruncateToInteger(count), text);
-  DrawNumberUpTo(axis, VerticalNumberEnd(axis.View.Frame), y, text);
+  DrawNumberUpTo(axis, VerticalNumberEnd(axis.Frame), y, text);
 }
 
 void DrawCountTick(AxisDrawing& axis, double length, double y, double count) {
-  const double left = axis.View.Frame.PlotLeft;
+  const double left = axis.Frame.PlotLeft;
   DrawAxisLine(axis, left, y, left - length, y);
   DrawCount(axis, y, count);
 }
@@ -41,7 +29,7 @@ double OffsetOfTick(const GraphFrame& frame, const CountScale& scale, double tic
 }
 
 void DrawCountTicks(AxisDrawing& axis, double length, const CountScale& scale) {
-  const GraphFrame& frame = axis.View.Frame;
+  const GraphFrame& frame = axis.Frame;
   const double countsPerTick = std::max(scale.CountsPerTick, 1);
   double former = 0.0;
   for (std::int32_t i = 0; i < kMostTicks; ++i) {
@@ -57,32 +45,8 @@ void DrawCountTicks(AxisDrawing& axis, double length, const CountScale& scale) {
 
 }  // namespace
 
-void DrawAxisLine(AxisDrawing& axis, double x1, double y1, double x2, double y2) {
-  if (!axis.ShowAxes) return;
-  UseAxisColor(axis);
-  DrawLine(axis.Target, x1, y1, x2, y2);
-}
-
-void DrawAxisTitle(AxisDrawing& axis, const GraphPlace& place, const char* text) {
-  if (!axis.ShowLabels) return;
-  UseLabelColor(axis);
-  DrawTextFrom(axis.Target, place.X, place.Y, text);
-}
-
-void DrawNumberAt(AxisDrawing& axis, double x, double y, const char* text) {
-  if (!axis.ShowLabels) return;
-  UseLabelColor(axis);
-  DrawTextCentredAt(axis.Target, x, y, text);
-}
-
-void DrawNumberUpTo(AxisDrawing& axis, double x, double y, const char* text) {
-  if (!axis.ShowLabels) return;
-  UseLabelColor(axis);
-  DrawTextUpTo(axis.Target, x, y, text);
-}
-
 void DrawCountAxis(AxisDrawing& axis, double width, const CountScale& scale) {
-  const GraphFrame& frame = axis.View.Frame;
+  const GraphFrame& frame = axis.Frame;
   const double height = frame.PlotBottom - frame.PlotTop;
   const double end = scale.Mirrored ? height * 2.0 + frame.PlotTop : frame.PlotBottom;
   DrawAxisTitle(axis, VerticalTitlePlace(frame), "Counts");

@@ -1,5 +1,4 @@
-// What the two histogram views draw alike: their steps, the parts of their axes, the axis of
-// counts, the bars and the fit.
+// What the two histogram views draw alike: their steps, the axis of counts, the bars and the fit.
 #pragma once
 
 #include <algorithm>
@@ -8,6 +7,7 @@
 
 #include "fit/histogram_axis.h"
 #include "output/plot_primitives.h"
+#include "views/axis_drawing.h"
 #include "views/graph_frame.h"
 #include "views/view_state.h"
 #include "workspace/truncate.h"
@@ -15,32 +15,7 @@
 
 namespace ondrel {
 
-/// More ticks than any device can tell apart; settings ask for any number of them.
-inline constexpr std::int32_t kMostTicks = 1 << 14;
-
-// --- Axes ----------------------------------------------------------------------------------------
-
-enum class AxisPart : std::uint8_t { None, Labels, Axes };
-
-/// The axes while they are drawn, one after the other: what the user has switched off is left out,
-/// and the colour is set where it changes. Labels are filled and axes stroked, but a screen and an
-/// EPS document know one colour for both: only the last one that was set is in force.
-struct AxisDrawing {
-  Drawing Target;
-  const ViewState& View;
-  bool ShowAxes = true;
-  bool ShowLabels = true;
-  AxisPart InForce = AxisPart::None;  // whose colour was set last
-};
-
-/// Lines and ticks.
-void DrawAxisLine(AxisDrawing& axis, double x1, double y1, double x2, double y2);
-/// A title that begins at `place`.
-void DrawAxisTitle(AxisDrawing& axis, const GraphPlace& place, const char* text);
-/// A number with its middle at `x`.
-void DrawNumberAt(AxisDrawing& axis, double x, double y, const char* text);
-/// A number that ends at `x`.
-void DrawNumberUpTo(AxisDrawing& axis, double x, double y, const char* text);
+// --- The axis of counts --------------------------------------------------------------------------
 
 /// How counts stand on the vertical axis.
 struct CountScale {
@@ -94,8 +69,11 @@ template <typename Histogram>
 AxisDrawing BeginAxes(const HistogramTwin<Histogram>& twin, Workspace& workspace,
                       const GraphicsSink& sink) {
   const Histogram& histogram = workspace.*twin.Shown;
+  const ViewState& view = ViewOf(workspace, twin.View);
   return {.Target = {sink, workspace.Graphics},
-          .View = ViewOf(workspace, twin.View),
+          .Frame = view.Frame,
+          .LabelColor = ColorOf(view, HistogramColor::Labels),
+          .AxisColor = ColorOf(view, HistogramColor::Axes),
           .ShowAxes = histogram.ShowAxes,
           .ShowLabels = histogram.ShowLabels};
 }

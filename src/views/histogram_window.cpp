@@ -47,13 +47,10 @@ void PaintHistogram(ChildWindow* window, ViewKind kind, const DeviceRecord& devi
   // drawing may be under way by then.
   steps.Layout(workspace, workspace.ScreenSink, client);
 
-  toolkit::BufferRecord buffer = toolkit::BeginBuffer(device, client);
-  BeginScreenDrawing(workspace, buffer.Device, background);
-  toolkit::FillArea(workspace.Graphics.Device, client, background);
-  steps.Draw(workspace, workspace.ScreenSink, client);
-  if (note != nullptr) DrawNote(OnScreen(workspace), view, client, note);
-  EndScreenDrawing(workspace);
-  toolkit::EndBuffer(device, buffer, client);
+  DrawOutOfSight(workspace, device, client, background, [&](const Drawing& drawing) {
+    steps.Draw(workspace, drawing.Sink, client);
+    if (note != nullptr) DrawNote(drawing, view, client, note);
+  });
 }
 
 void RedrawHistogram(Workspace& workspace, ViewKind kind, const char* note) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "output/plot_primitives.h"
+#include "shell/toolkit.h"
 #include "workspace/workspace.h"
 
 namespace ondrel {
@@ -23,6 +24,19 @@ void EndScreenDrawing(Workspace& workspace);
 
 /// The screen's sink with the context of the workspace.
 Drawing OnScreen(Workspace& workspace);
+
+/// Draws the whole client area `client` of a window: fills it with `background` and hands the
+/// drawing to `draw`. All of that happens out of sight and is shown at once, without flicker.
+template <typename Draw>
+void DrawOutOfSight(Workspace& workspace, const DeviceRecord& device, const IntRect& client,
+                    const RgbColor& background, Draw draw) {
+  toolkit::BufferRecord buffer = toolkit::BeginBuffer(device, client);
+  BeginScreenDrawing(workspace, buffer.Device, background);
+  toolkit::FillArea(workspace.Graphics.Device, client, background);
+  draw(OnScreen(workspace));
+  EndScreenDrawing(workspace);
+  toolkit::EndBuffer(device, buffer, client);
+}
 
 /// Of the font that is selected now.
 TextLine MeasureLine(const Workspace& workspace);

@@ -4,6 +4,8 @@
 #include "views/duration_view.h"
 #include "views/fit_views.h"
 #include "views/record_tables.h"
+#include "views/scatter_views.h"
+#include "views/stationarity_view.h"
 #include "views/statistics_view.h"
 
 namespace ondrel {
@@ -78,13 +80,13 @@ constexpr ViewKindRecord kViewKinds[] = {
      PlaceOf(HistogramColor::Background), 209, &kDurationViewRoutines},
     {ViewKind::AmplitudeScatter, "Amplitude Scatter Plot",
      "creating <Amplitude Scatter Plot> window", false, kPlotColors, PlaceOf(PlotColor::Background),
-     213, nullptr},
+     213, &kAmplitudeScatterViewRoutines},
     {ViewKind::DurationScatter, "Duration Scatter Plot", "creating <Duration Scatter Plot> window",
-     false, kPlotColors, PlaceOf(PlotColor::Background), 214, nullptr},
+     false, kPlotColors, PlaceOf(PlotColor::Background), 214, &kDurationScatterViewRoutines},
     {ViewKind::Scatter, "Amplitude/Duration", "creating <Amplitude/Duration> window", false,
-     kPlotColors, PlaceOf(PlotColor::Background), 210, nullptr},
+     kPlotColors, PlaceOf(PlotColor::Background), 210, &kScatterViewRoutines},
     {ViewKind::Stationarity, "Stationarity", "creating <Stationarity> window", false, kPlotColors,
-     PlaceOf(PlotColor::Background), 215, nullptr},
+     PlaceOf(PlotColor::Background), 215, &kStationarityViewRoutines},
 };
 
 constexpr bool StandInOrder() {

@@ -25,7 +25,7 @@ struct MouseRoutines {
   void (*Up)(ChildWindow* window, int x, int y);
 };
 
-/// What a view does. A kind whose routines do not exist yet cannot be opened.
+/// What a view does.
 struct ViewRoutines {
   /// Draws the whole client area with the device of a paint message.
   void (*Paint)(ChildWindow* window, const DeviceRecord& device);
@@ -46,7 +46,7 @@ struct ViewKindRecord {
   std::span<const ViewColorRecord> Colors;  // in the order of the view's colour places
   std::size_t Background;                   // place of the background among them
   int MenuResource;                         // 0: the view has no menu of its own
-  const ViewRoutines* Routines;             // null: cannot be opened
+  const ViewRoutines* Routines;
 };
 
 const ViewKindRecord& FactsOf(ViewKind kind);

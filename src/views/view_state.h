@@ -51,6 +51,15 @@ struct GraphFrame {
   double LabelOffset = 0.0;  // gap between the vertical axis and its numbers
 };
 
+/// How the data of a scatter plot lie in its frame, in device units. All are whole numbers, so that
+/// the last tick of an axis can stop short of the edge of the frame.
+struct ScatterLayout {
+  double SymbolPixels = 0.0;     // side of a dot, even
+  double XPixelsPerTick = 0.0;   // linear horizontal axis
+  double YPixelsPerUnit = 0.0;   // linear vertical axis, per pA
+  double PixelsPerDecade = 0.0;  // logarithmic axis
+};
+
 inline constexpr std::size_t kMaxColumns = 11;
 
 /// The mouse on a histogram, from a press to its release. Places are client coordinates.
@@ -64,8 +73,8 @@ struct MouseGesture {
   void (*OnRelease)(ChildWindow* window, int x, int y) = nullptr;
 };
 
-/// One record serves every kind of view; graphs use `Frame`, histograms `Gesture` too, tables what
-/// follows.
+/// One record serves every kind of view; graphs use `Frame`, scatter plots `Scatter` and histograms
+/// `Gesture` too, tables what follows.
 struct ViewState {
   ChildWindow* Window = nullptr;  // owned while open; null while closed
   IntRect ViewRect;               // last normal place in the frame; degenerate: none yet
@@ -73,6 +82,7 @@ struct ViewState {
   WindowPlacement Placement = WindowPlacement::Normal;
   std::array<RgbColor, kMaxViewColors> Colors{};
   GraphFrame Frame;
+  ScatterLayout Scatter;
   MouseGesture Gesture;
   std::int32_t TopRow = 0;       // first row on the screen, from 0; -1 after End in an empty table
   std::int32_t VisibleRows = 0;  // whole rows that fit under the header; may be negative

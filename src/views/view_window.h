@@ -6,12 +6,7 @@
 
 namespace ondrel {
 
-/// Whether the program has this view.
-inline bool CanOpen(ViewKind kind) {
-  return FactsOf(kind).Routines != nullptr;
-}
-
-/// Only for kinds that the program has. Opens the view at its remembered place, at the next cascade
+/// Opens the view at its remembered place, at the next cascade
 /// place when it has none, or brings its window forward when it is open. A failure is told, and the
 /// view stays closed.
 void OpenView(FrameWindow* frame, ViewKind kind);

@@ -1,6 +1,7 @@
-// Plain values that every floor shares: rectangles and colours.
+// Plain values that every floor shares: rectangles, lengths in device units, colours.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 
 namespace ondrel {
@@ -25,6 +26,21 @@ constexpr std::int32_t Height(const IntRect& rect) {
 /// A view without a remembered place has such a rectangle.
 constexpr bool IsDegenerate(const IntRect& rect) {
   return rect.Left == rect.Right || rect.Top == rect.Bottom;
+}
+
+/// What rounding may do to a length in device units. Edges of a plot are fractions of a rectangle:
+/// what stands on an edge by its numbers must not fall beside it by the last bits of a division.
+inline constexpr double kLengthRounding = 1e-6;
+
+/// Whether `position` lies past `edge`, by more than rounding.
+inline bool LiesBeyond(double position, double edge) {
+  return position - edge > kLengthRounding;
+}
+
+/// How many whole device units `length` has. One that is whole but for rounding is whole.
+inline double WholeUnits(double length) {
+  const double nearest = std::round(length);
+  return std::fabs(length - nearest) <= kLengthRounding ? nearest : std::trunc(length);
 }
 
 /// A colour of three channels, each 0 to 65535. The platform shows the upper eight of the sixteen

@@ -59,6 +59,13 @@ void ResetHistogram(Histogram& histogram) {
   histogram = defaults;
 }
 
+void ResetStationarity(StationaritySettings& plot) {
+  StationaritySettings defaults;
+  defaults.SampleCount = plot.SampleCount;
+  defaults.StationaritySamples = plot.StationaritySamples;
+  plot = defaults;
+}
+
 void ResetStatistics(StatisticsTable& statistics) {
   statistics.Reference = StatisticsTable{}.Reference;
 }
@@ -94,7 +101,7 @@ void ResetWorkspace(Workspace& workspace) {
   workspace.Scatter = {};
   workspace.AmplitudeScatter = {};
   workspace.DurationScatter = {};
-  workspace.Stationarity = {};
+  ResetStationarity(workspace.Stationarity);
   ResetStatistics(workspace.Statistics);
 }
 
@@ -135,11 +142,18 @@ bool AllocateAllTables(FrameWindow* frame) {
   return false;
 }
 
+void FreeSamples(StationaritySettings& plot) {
+  toolkit::FreeMemory(plot.StationaritySamples);
+  plot.StationaritySamples = nullptr;
+  plot.SampleCount = 0;
+}
+
 void FreeAllTables(Workspace& workspace) {
   FreeEventTable(workspace.Events);
   FreeLevelTable(workspace.Levels);
   FreeBins(workspace.Amplitude);
   FreeBins(workspace.Duration);
+  FreeSamples(workspace.Stationarity);
   FreeStatistics(workspace.Statistics);
   FreeSweepTable(workspace.Sweeps);
   FreeFileTable(workspace.Files);

@@ -105,6 +105,9 @@ bool AllocateAllTables(FrameWindow* frame);
 /// Frees all tables and everything derived from them. Settings are untouched.
 void FreeAllTables(Workspace& workspace);
 
+/// Frees the samples of the stationarity plot; there are none afterwards.
+void FreeSamples(StationaritySettings& plot);
+
 /// Empties the event table, whatever part of it was asked for; nothing happens unless `first` and
 /// `count` name a part of it.
 void ClearEvents(FrameWindow* frame, std::int32_t first, std::int32_t count);

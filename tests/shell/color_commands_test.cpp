@@ -141,16 +141,30 @@ TEST_F(ColorCommandsTest, EachEntryNamesItsColour) {
   });
 }
 
-TEST_F(ColorCommandsTest, ViewsThatDoNotExistHaveNoColourCommands) {
-  EXPECT_FALSE(IsColorCommand(26881));
-  EXPECT_TRUE(IsColorCommand(25857));
-  EXPECT_FALSE(IsColorCommand(25860));
+TEST_F(ColorCommandsTest, TheFourPlotsAskForTheSameFourColours) {
+  constexpr CommandId kFirstColors[] = {26881, 27649, 27905, 28161};
+  RunWithAllViews([&] {
+    for (const CommandId first : kFirstColors) {
+      shell().ColorLabels.clear();
+      for (int i = 0; i < 4; ++i) Choose(static_cast<CommandId>(first + i));
+      EXPECT_THAT(shell().ColorLabels, ElementsAre("Color of plot:", "Color of labels:",
+                                                   "Color of axes:", "Color of background:"))
+          << first;
+    }
+  });
 }
 
-/// No colour of the menus of views that exist leads nowhere.
+TEST_F(ColorCommandsTest, WhatStandsBehindAMenusLastColourIsNoColour) {
+  EXPECT_TRUE(IsColorCommand(25857));
+  EXPECT_FALSE(IsColorCommand(25860));
+  EXPECT_TRUE(IsColorCommand(26884));
+  EXPECT_FALSE(IsColorCommand(26885));
+}
+
+/// No colour of a menu leads nowhere.
 TEST_F(ColorCommandsTest, TheMenusHoldNoOtherColours) {
   RunWithAllViews([&] {
-    for (const int resource : {206, 207, 208, 209, 211, 212}) {
+    for (const int resource : {206, 207, 208, 209, 210, 211, 212, 213, 214, 215}) {
       bool inColors = false;
       for (const MenuRow& row : RowsOfMenu(resource)) {
         if (row.RowKind == MenuRow::Kind::Popup) inColors = std::string(row.Text) == "&Colors";

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <utility>
+
 #include "shell/menus.h"
 #include "support/program_test.h"
 
@@ -44,6 +46,28 @@ TEST_F(CommandsTest, ViewCommandsOpenTheirView) {
     EXPECT_THAT(scripted::StackOfChildren(), ElementsAre("Statistics", "Sweep", "Level", "Event"));
     Choose(command::kEventView);
     EXPECT_THAT(scripted::StackOfChildren(), ElementsAre("Event", "Statistics", "Sweep", "Level"));
+  });
+}
+
+TEST_F(CommandsTest, EachOfTheTenViewCommandsOpensItsView) {
+  RunWithData([&] {
+    const std::pair<CommandId, const char*> views[] = {
+        {52481, "Amplitude Histogram"},
+        {52482, "Amplitude Scatter Plot"},
+        {52483, "Amplitude/Duration"},
+        {52484, "Duration Histogram"},
+        {52485, "Duration Scatter Plot"},
+        {52486, "Event"},
+        {52487, "Level"},
+        {52488, "Stationarity"},
+        {52489, "Statistics"},
+        {52490, "Sweep"},
+    };
+    for (const auto& [command, title] : views) {
+      Choose(command);
+      EXPECT_EQ(scripted::StackOfChildren().front(), title) << command;
+    }
+    EXPECT_EQ(shell().Children.size(), std::size(views));
   });
 }
 

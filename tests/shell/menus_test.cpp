@@ -142,9 +142,7 @@ TEST_F(MenusTest, EntriesWithoutACommandAreGreyed) {
     EXPECT_TRUE(IsSubEnabled(kViewMenuPlace, 2, 1)) << "Colors, Selected";
     EXPECT_TRUE(IsEnabled(2, 3)) << "Reset";
     EXPECT_FALSE(IsEnabled(2, 1)) << "Events";
-    EXPECT_TRUE(IsEnabled(3, 6)) << "the event view";
-    EXPECT_TRUE(IsEnabled(3, 1)) << "the amplitude histogram";
-    EXPECT_FALSE(IsEnabled(3, 2)) << "the amplitude scatter plot";
+    for (int view = 1; view <= 10; ++view) EXPECT_TRUE(IsEnabled(3, view)) << view;
   });
 }
 

@@ -25,7 +25,11 @@ class HistogramPartsTest : public HistogramViewTest {
   }
 
   AxisDrawing Axis() {
-    return {.Target = {sink(), workspace().Graphics}, .View = View(ViewKind::Amplitude)};
+    const ViewState& view = View(ViewKind::Amplitude);
+    return {.Target = {sink(), workspace().Graphics},
+            .Frame = view.Frame,
+            .LabelColor = ColorOf(view, HistogramColor::Labels),
+            .AxisColor = ColorOf(view, HistogramColor::Axes)};
   }
 
   std::vector<std::string> CountAxis(const CountScale& scale) {
@@ -35,29 +39,6 @@ class HistogramPartsTest : public HistogramViewTest {
     return LinesOf({"line ", "right "});
   }
 };
-
-TEST_F(HistogramPartsTest, AColourIsSetWhereItChangesAlone) {
-  AxisDrawing axis = Axis();
-  DrawAxisLine(axis, 1, 2, 3, 4);
-  DrawAxisLine(axis, 5, 6, 7, 8);
-  DrawNumberUpTo(axis, 10, 20, "7");
-  DrawAxisTitle(axis, {30, 40}, "Counts");
-  DrawAxisLine(axis, 9, 9, 9, 9);
-  EXPECT_THAT(Lines(),
-              ElementsAre("color K 4 0 0", "line 1 2 3 4", "line 5 6 7 8", "color k 3 0 0",
-                          "right 10 20 7", "left 30 40 Counts", "color K 4 0 0", "line 9 9 9 9"));
-}
-
-TEST_F(HistogramPartsTest, WhatIsSwitchedOffIsNotDrawnAndSetsNoColour) {
-  AxisDrawing axis = Axis();
-  axis.ShowAxes = false;
-  axis.ShowLabels = false;
-  DrawAxisLine(axis, 1, 2, 3, 4);
-  DrawAxisTitle(axis, {30, 40}, "Counts");
-  DrawNumberAt(axis, 10, 20, "7");
-  DrawNumberUpTo(axis, 10, 20, "7");
-  EXPECT_THAT(Lines(), IsEmpty());
-}
 
 TEST_F(HistogramPartsTest, CountsStandAtEqualDistancesUpToTheTop) {
   EXPECT_THAT(

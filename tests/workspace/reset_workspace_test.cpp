@@ -31,6 +31,8 @@ class ResetWorkspaceTest : public ShellTest, public ::testing::WithParamInterfac
     workspace().Amplitude.Edges = nullptr;
     workspace().Duration.Bins = nullptr;
     workspace().Duration.Edges = nullptr;
+    workspace().Stationarity.StationaritySamples = nullptr;
+    workspace().Stationarity.SampleCount = 0;
     shell().Ticks = 4711;
     ResetWorkspace(workspace());
   }
@@ -225,7 +227,7 @@ TEST_P(ResetWorkspaceTest, TheScatterPlots) {
 
 TEST_P(ResetWorkspaceTest, StationarityAndStatistics) {
   EXPECT_TRUE(workspace().Stationarity.ShowLabels && workspace().Stationarity.ShowAxes);
-  EXPECT_EQ(workspace().Stationarity.Type, 0);
+  EXPECT_EQ(workspace().Stationarity.Type, StationarityType::One);
   EXPECT_EQ(workspace().Stationarity.Tau, 0.1);
   EXPECT_EQ(workspace().Statistics.Reference, StatisticsReference::RelevantSegment);
 }

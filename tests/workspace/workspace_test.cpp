@@ -174,7 +174,7 @@ TEST_F(WorkspaceTest, EveryPlainSettingHasItsDefault) {
   EXPECT_EQ(w.DurationScatter.Decades, 4);
   EXPECT_EQ(w.DurationScatter.TicksPerDecade, 5);
   EXPECT_EQ(w.DurationScatter.Minimum, -5.0);
-  EXPECT_EQ(w.Stationarity.Type, 0);
+  EXPECT_EQ(w.Stationarity.Type, StationarityType::One);
   EXPECT_EQ(w.Stationarity.Tau, 0.1);
   EXPECT_EQ(static_cast<int>(w.Statistics.Reference), 1);
   EXPECT_TRUE(IsDegenerate(w.FrameRect));

@@ -1,0 +1,58 @@
+#include "views/axis_drawing.h"
+
+#include <cmath>
+
+namespace ondrel {
+namespace {
+
+void UseAxisColor(AxisDrawing& axis) {
+  if (axis.InForce == AxisPart::Axes) return;
+  SetStrokeColor(axis.Target, axis.AxisColor);
+  axis.InForce = AxisPart::Axes;
+}
+
+void UseLabelColor(AxisDrawing& axis) {
+  if (axis.InForce == AxisPart::Labels) return;
+  SetFillColor(axis.Target, axis.LabelColor);
+  axis.InForce = AxisPart::Labels;
+}
+
+}  // namespace
+
+void DrawAxisLine(AxisDrawing& axis, double x1, double y1, double x2, double y2) {
+  if (!axis.ShowAxes) return;
+  UseAxisColor(axis);
+  DrawLine(axis.Target, x1, y1, x2, y2);
+}
+
+void DrawAxisTitle(AxisDrawing& axis, const GraphPlace& place, const char* text) {
+  if (!axis.ShowLabels) return;
+  UseLabelColor(axis);
+  DrawTextFrom(axis.Target, place.X, place.Y, text);
+}
+
+void DrawNumberAt(AxisDrawing& axis, double x, double y, const char* text) {
+  if (!axis.ShowLabels) return;
+  UseLabelColor(axis);
+  DrawTextCentredAt(axis.Target, x, y, text);
+}
+
+void DrawNumberFrom(AxisDrawing& axis, double x, double y, const char* text) {
+  if (!axis.ShowLabels) return;
+  UseLabelColor(axis);
+  DrawTextFrom(axis.Target, x, y, text);
+}
+
+void DrawNumberUpTo(AxisDrawing& axis, double x, double y, const char* text) {
+  if (!axis.ShowLabels) return;
+  UseLabelColor(axis);
+  DrawTextUpTo(axis.Target, x, y, text);
+}
+
+double NumberOfTick(double start, std::int32_t tick, double step) {
+  constexpr double kRounding = 1e-9;  // of a step
+  const double number = start + tick * step;
+  return std::fabs(number) < kRounding * std::fabs(step) ? 0.0 : number;
+}
+
+}  // namespace ondrel

@@ -1,0 +1,46 @@
+// The parts of the axes of a graph: lines and ticks, titles and numbers. All graph views draw
+// theirs with these.
+#pragma once
+
+#include <cstdint>
+
+#include "output/plot_primitives.h"
+#include "views/graph_frame.h"
+#include "views/view_state.h"
+#include "workspace/geometry.h"
+
+namespace ondrel {
+
+/// More ticks than any device can tell apart; settings ask for any number of them.
+inline constexpr std::int32_t kMostTicks = 1 << 14;
+
+enum class AxisPart : std::uint8_t { None, Labels, Axes };
+
+/// The axes while they are drawn, one after the other: what the user has switched off is left out,
+/// and the colour is set where it changes. Labels are filled and axes stroked, but a screen and an
+/// EPS document know one colour for both: only the last one that was set is in force.
+struct AxisDrawing {
+  Drawing Target;
+  const GraphFrame& Frame;
+  RgbColor LabelColor;
+  RgbColor AxisColor;
+  bool ShowAxes = true;
+  bool ShowLabels = true;
+  AxisPart InForce = AxisPart::None;  // whose colour was set last
+};
+
+/// Lines and ticks.
+void DrawAxisLine(AxisDrawing& axis, double x1, double y1, double x2, double y2);
+/// A title that begins at `place`.
+void DrawAxisTitle(AxisDrawing& axis, const GraphPlace& place, const char* text);
+
+// A number with its middle, its beginning, or its end at `x`.
+void DrawNumberAt(AxisDrawing& axis, double x, double y, const char* text);
+void DrawNumberFrom(AxisDrawing& axis, double x, double y, const char* text);
+void DrawNumberUpTo(AxisDrawing& axis, double x, double y, const char* text);
+
+/// The number at tick `tick` of an axis that begins at `start`. Where the numbers pass 0 it is 0,
+/// not what rounding leaves of it, which would be shown as "-0.0" or as "1.11E-16".
+double NumberOfTick(double start, std::int32_t tick, double step);
+
+}  // namespace ondrel

@@ -1,0 +1,155 @@
+#include "views/scatter_axes.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "workspace/number_text.h"
+#include "workspace/truncate.h"
+#include "workspace/units.h"
+
+namespace ondrel {
+namespace {
+
+/// A setting as a number of ticks that can be drawn.
+std::int32_t CountTicks(std::int32_t setting) {
+  return std::clamp(setting, 1, kMostTicks);
+}
+
+const char* TitleOf(ScatterValue value) {
+  switch (value) {
+    case ScatterValue::LevelTag:
+      return "Level Tag Value";
+    case ScatterValue::SweepTag:
+      return "Sweep Tag Value";
+    case ScatterValue::SweepRelevant:
+      break;
+  }
+  return "Sweep Relevant Value";
+}
+
+void DrawHorizontalLine(AxisDrawing& axis) {
+  const GraphFrame& frame = axis.Frame;
+  DrawAxisLine(axis, frame.PlotLeft, frame.PlotBottom, frame.PlotRight, frame.PlotBottom);
+}
+
+void DrawVerticalLine(AxisDrawing& axis) {
+  const GraphFrame& frame = axis.Frame;
+  DrawAxisLine(axis, frame.PlotLeft, frame.PlotTop, frame.PlotLeft, frame.PlotBottom);
+}
+
+/// Ticks go outward from the plot.
+void DrawTickBelow(AxisDrawing& axis, double x, double length) {
+  const double bottom = axis.Frame.PlotBottom;
+  DrawAxisLine(axis, x, bottom, x, bottom + length);
+}
+
+void DrawTickBeside(AxisDrawing& axis, double y, double length) {
+  const double left = axis.Frame.PlotLeft;
+  DrawAxisLine(axis, left, y, left - length, y);
+}
+
+// --- The logarithmic axis ------------------------------------------------------------------------
+
+/// What a logarithmic axis does in its direction. Offsets count from its start.
+struct AxisDirection {
+  double (*Length)(const GraphFrame& frame);
+  void (*DrawTick)(AxisDrawing& axis, double offset, double length);
+  void (*DrawNumber)(AxisDrawing& axis, double width, double offset, const char* text);
+};
+
+constexpr AxisDirection kAcross = {
+    .Length = [](const GraphFrame& frame) { return frame.PlotRight - frame.PlotLeft; },
+    .DrawTick = [](AxisDrawing& axis, double offset,
+                   double length) { DrawTickBelow(axis, axis.Frame.PlotLeft + offset, length); },
+    .DrawNumber =
+        [](AxisDrawing& axis, double width, double offset, const char* text) {
+          DrawNumberFrom(axis, axis.Frame.PlotLeft + offset,
+                         axis.Frame.PlotBottom + NumberDistance(width), text);
+        },
+};
+
+constexpr AxisDirection kUp = {
+    .Length = [](const GraphFrame& frame) { return frame.PlotBottom - frame.PlotTop; },
+    .DrawTick = [](AxisDrawing& axis, double offset,
+                   double length) { DrawTickBeside(axis, axis.Frame.PlotBottom - offset, length); },
+    .DrawNumber =
+        [](AxisDrawing& axis, double, double offset, const char* text) {
+          DrawNumberUpTo(axis, VerticalNumberEnd(axis.Frame), axis.Frame.PlotBottom - offset, text);
+        },
+};
+
+/// Where minor tick `m`, counted from 2, stands in its decade, as a share of it. The last one is
+/// the next decade.
+double ShareOfMinor(std::int32_t m, std::int32_t ticksPerDecade) {
+  return ticksPerDecade == 1 ? 0.0 : std::log(m) / std::log(ticksPerDecade + 1);
+}
+
+/// False when a tick lies beyond the end of the axis, and when none of the `ticksLeft` is left.
+bool DrawMinorTicks(AxisDrawing& axis, const AxisDirection& direction, double width,
+                    const DurationAxis& scale, double start, std::int32_t& ticksLeft) {
+  const std::int32_t ticks = CountTicks(scale.TicksPerDecade);
+  for (std::int32_t m = 2; m <= ticks + 1; ++m) {
+    const double offset = start + ShareOfMinor(m, ticks) * scale.PixelsPerDecade;
+    if (LiesBeyond(offset, direction.Length(axis.Frame)) || ticksLeft <= 0) return false;
+    --ticksLeft;
+    direction.DrawTick(axis, offset, MinorTickLength(width));
+  }
+  return true;
+}
+
+void DrawDecades(AxisDrawing& axis, const AxisDirection& direction, double width,
+                 const DurationAxis& scale) {
+  std::int32_t ticksLeft = kMostTicks;
+  for (std::int32_t k = 0; k <= CountTicks(scale.Decades); ++k) {
+    const double offset = k * scale.PixelsPerDecade;
+    direction.DrawTick(axis, offset, MajorTickLength(width));
+    if (axis.ShowAxes && !DrawMinorTicks(axis, direction, width, scale, offset, ticksLeft)) return;
+    char text[kNumberTextSize] = "";
+    IntegerText(TruncateToInteger(static_cast<double>(scale.MinimumExponent) + k), text);
+    direction.DrawNumber(axis, width, offset, text);
+  }
+}
+
+constexpr const char* kDurationTitle = "log Duration (s)";
+
+}  // namespace
+
+void DrawValueAxis(AxisDrawing& axis, double width, const ValueAxis& scale) {
+  const GraphFrame& frame = axis.Frame;
+  DrawAxisTitle(axis, HorizontalTitlePlace(frame, width), TitleOf(scale.Value));
+  DrawHorizontalLine(axis);
+  for (std::int32_t k = 0; k <= CountTicks(scale.TickMarks); ++k) {
+    const double x = frame.PlotLeft + k * scale.PixelsPerTick;
+    DrawTickBelow(axis, x, MajorTickLength(width));
+    char text[kNumberTextSize] = "";
+    RealText(NumberOfTick(scale.Minimum, k, scale.PerTick), 2, 'f', text);
+    DrawNumberFrom(axis, x, frame.PlotBottom + NumberDistance(width), text);
+  }
+}
+
+void DrawAmplitudeAxis(AxisDrawing& axis, double width, const AmplitudeAxis& scale) {
+  const GraphFrame& frame = axis.Frame;
+  DrawAxisTitle(axis, VerticalTitlePlace(frame), "Amplitude (pA)");
+  DrawVerticalLine(axis);
+  for (std::int32_t k = 0; k < CountTicks(scale.Ticks); ++k) {
+    const double y = frame.PlotBottom - k * scale.PixelsPerUnit * scale.PaPerTick;
+    DrawTickBeside(axis, y, MajorTickLength(width));
+    char text[kNumberTextSize] = "";
+    RealText(NumberOfTick(scale.Minimum / kPicoampere, k, scale.PaPerTick), 1, 'f', text);
+    DrawNumberUpTo(axis, VerticalNumberEnd(frame), y, text);
+  }
+}
+
+void DrawHorizontalDurationAxis(AxisDrawing& axis, double width, const DurationAxis& scale) {
+  DrawAxisTitle(axis, HorizontalTitlePlace(axis.Frame, width), kDurationTitle);
+  DrawHorizontalLine(axis);
+  DrawDecades(axis, kAcross, width, scale);
+}
+
+void DrawVerticalDurationAxis(AxisDrawing& axis, double width, const DurationAxis& scale) {
+  DrawAxisTitle(axis, VerticalTitlePlace(axis.Frame), kDurationTitle);
+  DrawVerticalLine(axis);
+  DrawDecades(axis, kUp, width, scale);
+}
+
+}  // namespace ondrel

@@ -1,0 +1,155 @@
+#include "views/stationarity_view.h"
+
+#include <cstdint>
+
+#include "derived/stationarity.h"
+#include "output/plot_primitives.h"
+#include "shell/toolkit.h"
+#include "views/axis_drawing.h"
+#include "views/screen_drawing.h"
+#include "workspace/number_text.h"
+#include "workspace/report.h"
+
+namespace ondrel {
+namespace {
+
+/// Numbers in exponent notation need more room beside the axis than those of other graphs.
+constexpr double kLeftGapOfStationarity = 6.8;
+
+/// The box lets paint messages through, and other views draw with the same context.
+void ReportNoMemory(Workspace& workspace) {
+  const GraphicsContext kept = workspace.Graphics;
+  ReportFailure(workspace.Frame,
+                {TextId::InsufficientMemoryFor, "stationary plot", TextId::ReduceEntries});
+  workspace.Graphics = kept;
+}
+
+bool HasSamples(const StationaritySettings& plot) {
+  return plot.SampleCount > 0;
+}
+
+// --- Axes ----------------------------------------------------------------------------------------
+
+/// The distances of this view come from its height, `height`, on both axes.
+void DrawTimeAxis(AxisDrawing& axis, double height, const StationaritySettings& plot) {
+  const GraphFrame& frame = axis.Frame;
+  DrawAxisTitle(axis, HorizontalTitlePlace(frame, height), "Time (s)");
+  DrawAxisLine(axis, frame.PlotLeft, frame.PlotBottom, frame.PlotRight, frame.PlotBottom);
+  if (!HasSamples(plot)) return;
+  for (std::int32_t k = 0; k < kMostTicks; ++k) {
+    const double x = frame.PlotLeft + k * plot.TickPixels;
+    if (LiesBeyond(x, frame.PlotRight)) return;
+    DrawAxisLine(axis, x, frame.PlotBottom, x, frame.PlotBottom + MajorTickLength(height));
+    char text[kNumberTextSize] = "";
+    RealText(k * plot.TickSpacing, plot.TimeDecimals, 'f', text);
+    DrawNumberFrom(axis, x, frame.PlotBottom + NumberDistance(height), text);
+  }
+}
+
+const char* TitleOf(StationarityType type) {
+  switch (type) {
+    case StationarityType::One:
+      return "Probability";
+    case StationarityType::Amplitude:
+      return "Amplitude (A)";
+    case StationarityType::Duration:
+      return "Duration (s)";
+    case StationarityType::Level:
+      break;
+  }
+  return "Level";
+}
+
+/// Currents are shown in amperes, and in decimals they would all be 0.
+void ValueText(StationarityType type, double value, char* text) {
+  if (type == StationarityType::Amplitude) {
+    RealText(value, 2, 'E', text);
+  } else {
+    RealText(value, 3, 'f', text);
+  }
+}
+
+void DrawValueTicks(AxisDrawing& axis, double height, const StationaritySettings& plot) {
+  const GraphFrame& frame = axis.Frame;
+  if (!(plot.ValueTickPixels > 0.0)) return;
+  for (std::int32_t k = 0; k < kMostTicks; ++k) {
+    const double y = frame.PlotBottom - k * plot.ValueTickPixels;
+    if (LiesBeyond(frame.PlotTop, y)) return;
+    DrawAxisLine(axis, frame.PlotLeft, y, frame.PlotLeft - MajorTickLength(height), y);
+    char text[kNumberTextSize] = "";
+    ValueText(plot.Type, NumberOfTick(plot.ValueMin, k, plot.ValueTick), text);
+    DrawNumberUpTo(axis, VerticalNumberEnd(frame), y, text);
+  }
+}
+
+void DrawValueAxis(AxisDrawing& axis, double height, const StationaritySettings& plot) {
+  const GraphFrame& frame = axis.Frame;
+  DrawAxisTitle(axis, VerticalTitlePlace(frame), TitleOf(plot.Type));
+  DrawAxisLine(axis, frame.PlotLeft, frame.PlotTop, frame.PlotLeft, frame.PlotBottom);
+  if (HasSamples(plot)) DrawValueTicks(axis, height, plot);
+}
+
+// --- Curve ---------------------------------------------------------------------------------------
+
+/// One sample for each device unit.
+void DrawCurve(const Drawing& drawing, const ViewState& view, const StationaritySettings& plot) {
+  if (!HasSamples(plot) || !(plot.ValueTickPixels > 0.0)) return;
+  const GraphFrame& frame = view.Frame;
+  const double scale = plot.ValueTickPixels / plot.ValueTick;
+  const double start = frame.PlotLeft + 3.0 * plot.Tau * plot.TickPixels / plot.TickSpacing;
+  const auto height = [&](std::int32_t place) {
+    return plot.ValueMin * scale + frame.PlotBottom - scale * plot.StationaritySamples[place];
+  };
+  SetStrokeColor(drawing, ColorOf(view, PlotColor::Plot));
+  MoveTo(drawing, start, height(0));
+  for (std::int32_t place = 1; place < plot.SampleCount && !HasFailed(drawing); ++place) {
+    LineTo(drawing, start + place, height(place));
+  }
+  if (!HasFailed(drawing)) StrokePath(drawing);
+}
+
+void Paint(ChildWindow* window, const DeviceRecord& device) {
+  Workspace& workspace = *window->Owner;
+  const ViewState& view = ViewOf(workspace, ViewKind::Stationarity);
+  const IntRect client = toolkit::ClientRect(window);
+  const RgbColor& background = ColorOf(view, PlotColor::Background);
+  DrawOutOfSight(workspace, device, client, background, [&](const Drawing& drawing) {
+    ComputeStationarity(workspace, client);
+    DrawStationarity(workspace, drawing.Sink, client);
+  });
+}
+
+}  // namespace
+
+void ComputeStationarity(Workspace& workspace, const IntRect& rect) {
+  StationaritySettings& plot = workspace.Stationarity;
+  GraphFrame& frame = ViewOf(workspace, ViewKind::Stationarity).Frame;
+  frame = FrameIn(rect, kLeftGapOfStationarity);
+  ScaleTimeAxis(plot, frame.PlotRight - frame.PlotLeft, workspace.Graphics.Device);
+  if (!SampleStationarity(workspace)) {
+    ReportNoMemory(workspace);
+    return;
+  }
+  if (HasSamples(plot)) ScaleValueAxis(plot, frame.PlotBottom - frame.PlotTop);
+}
+
+void DrawStationarity(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
+  const StationaritySettings& plot = workspace.Stationarity;
+  const ViewState& view = ViewOf(workspace, ViewKind::Stationarity);
+  const double height = GraphHeight(rect);
+  AxisDrawing axis{.Target = {sink, workspace.Graphics},
+                   .Frame = view.Frame,
+                   .LabelColor = ColorOf(view, PlotColor::Labels),
+                   .AxisColor = ColorOf(view, PlotColor::Axes),
+                   .ShowAxes = plot.ShowAxes,
+                   .ShowLabels = plot.ShowLabels};
+  DrawTimeAxis(axis, height, plot);
+  if (HasFailed(axis.Target)) return;
+  DrawValueAxis(axis, height, plot);
+  if (HasFailed(axis.Target)) return;
+  DrawCurve(axis.Target, view, plot);
+}
+
+const ViewRoutines kStationarityViewRoutines = {.Paint = Paint};
+
+}  // namespace ondrel

@@ -1,0 +1,77 @@
+#include "views/axis_drawing.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/recording_sink.h"
+#include "support/view_test.h"
+
+namespace ondrel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class AxisDrawingTest : public ViewTest {
+ protected:
+  AxisDrawingTest() {
+    recording::Clear();
+    workspace().Graphics.Device = toolkit::AcquireDevice(nullptr);
+  }
+  ~AxisDrawingTest() override {
+    toolkit::ReleaseDevice(nullptr, workspace().Graphics.Device);
+    recording::Clear();
+  }
+
+  AxisDrawing Axis() {
+    return {.Target = {recording::kRecordingSink, workspace().Graphics},
+            .Frame = View(ViewKind::Amplitude).Frame,
+            .LabelColor = {3, 0, 0},
+            .AxisColor = {4, 0, 0}};
+  }
+};
+
+TEST_F(AxisDrawingTest, AColourIsSetWhereItChangesAlone) {
+  AxisDrawing axis = Axis();
+  DrawAxisLine(axis, 1, 2, 3, 4);
+  DrawAxisLine(axis, 5, 6, 7, 8);
+  DrawNumberUpTo(axis, 10, 20, "7");
+  DrawAxisTitle(axis, {30, 40}, "Counts");
+  DrawAxisLine(axis, 9, 9, 9, 9);
+  EXPECT_THAT(recording::Lines(),
+              ElementsAre("color K 4 0 0", "line 1 2 3 4", "line 5 6 7 8", "color k 3 0 0",
+                          "right 10 20 7", "left 30 40 Counts", "color K 4 0 0", "line 9 9 9 9"));
+}
+
+TEST_F(AxisDrawingTest, ANumberBeginsEndsOrHasItsMiddleAtItsPlace) {
+  AxisDrawing axis = Axis();
+  DrawNumberFrom(axis, 10, 20, "12");
+  DrawNumberUpTo(axis, 10, 20, "12");
+  DrawNumberAt(axis, 10, 20, "12");  // a letter is 5 wide
+  EXPECT_THAT(recording::Lines(),
+              ElementsAre("color k 3 0 0", "left 10 20 12", "right 10 20 12", "left 5 20 12"));
+}
+
+TEST_F(AxisDrawingTest, WhatIsSwitchedOffIsNotDrawnAndSetsNoColour) {
+  AxisDrawing axis = Axis();
+  axis.ShowAxes = false;
+  axis.ShowLabels = false;
+  DrawAxisLine(axis, 1, 2, 3, 4);
+  DrawAxisTitle(axis, {30, 40}, "Counts");
+  DrawNumberAt(axis, 10, 20, "7");
+  DrawNumberFrom(axis, 10, 20, "7");
+  DrawNumberUpTo(axis, 10, 20, "7");
+  EXPECT_THAT(recording::Lines(), IsEmpty());
+}
+
+TEST_F(AxisDrawingTest, TheNumberOfATickIsZeroWhereTheAxisPassesZero) {
+  EXPECT_EQ(NumberOfTick(-5.0, 0, 10.0), -5.0);
+  EXPECT_EQ(NumberOfTick(-5.0, 3, 10.0), 25.0);
+  EXPECT_NE(-0.3 + 3 * 0.1, 0.0);
+  EXPECT_EQ(NumberOfTick(-0.3, 3, 0.1), 0.0);
+  EXPECT_EQ(NumberOfTick(0.3, 3, -0.1), 0.0);
+  EXPECT_EQ(NumberOfTick(1e-12, 0, 1e-12), 1e-12) << "small numbers stay";
+}
+
+}  // namespace
+}  // namespace ondrel
