@@ -9,7 +9,9 @@
 
 #include "derive_cases.h"
 #include "fit_cases.h"
+#include "plot_cases.h"
 #include "read_cases.h"
+#include "scatter_cases.h"
 
 namespace ondrel::bench {
 namespace {
@@ -66,6 +68,8 @@ int main(int argc, char** argv) {
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   ondrel::bench::RegisterAll(ondrel::bench::ReadCases());
   ondrel::bench::RegisterAll(ondrel::bench::DeriveCases());
+  ondrel::bench::RegisterAll(ondrel::bench::PlotCases());
+  ondrel::bench::RegisterAll(ondrel::bench::ScatterCases());
   ondrel::bench::RegisterAll(ondrel::bench::FitCases());
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();

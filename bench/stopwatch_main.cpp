@@ -10,7 +10,9 @@
 
 #include "derive_cases.h"
 #include "fit_cases.h"
+#include "plot_cases.h"
 #include "read_cases.h"
+#include "scatter_cases.h"
 
 namespace ondrel::bench {
 namespace {
@@ -67,7 +69,7 @@ int main(int argc, char** argv) {
   const char* part = argc > 1 ? argv[1] : "";
   const auto data = std::make_unique<BenchData>();
   bool right = true;
-  for (const auto cases : {ReadCases(), DeriveCases(), FitCases()}) {
+  for (const auto cases : {ReadCases(), DeriveCases(), PlotCases(), ScatterCases(), FitCases()}) {
     right = RunAll(*data, cases, part) && right;
   }
   return right ? 0 : 1;

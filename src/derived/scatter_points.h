@@ -35,7 +35,7 @@ inline bool LiesInFrame(const GraphFrame& frame, const ScatterPoint& point) {
 }
 
 /// Places on the axes of a plot, device units.
-struct ScatterAxes {
+struct ScatterPlaces {
   const GraphFrame& Frame;
   const ScatterLayout& Layout;
 
@@ -45,7 +45,8 @@ struct ScatterAxes {
   double UpAmplitude(double amplitude, double minimum) const {
     return Frame.PlotBottom - (amplitude - minimum) * Layout.YPixelsPerUnit / kPicoampere;
   }
-  /// From the start of the axis. A duration of 0 has no place.
+  /// From the start of the axis. The logarithm of a duration of 0 is infinite, which lies in no
+  /// frame.
   double AlongDuration(double duration, std::int32_t minimumExponent) const {
     return (std::log10(duration) - minimumExponent) * Layout.PixelsPerDecade;
   }
@@ -56,11 +57,11 @@ struct ScatterAxes {
 template <typename Place, typename Visit>
 void ForEachPointIn(const Workspace& workspace, ViewKind kind, Place place, Visit visit) {
   const ViewState& view = ViewOf(workspace, kind);
-  const ScatterAxes axes{view.Frame, view.Scatter};
+  const ScatterPlaces places{view.Frame, view.Scatter};
   for (std::int32_t index = 0; index < workspace.Levels.Count; ++index) {
     const LevelRecord& level = *workspace.Levels.Index[index];
     if (level.LevelFlags != 0) continue;
-    const ScatterPoint point = place(level, axes);
+    const ScatterPoint point = place(level, places);
     if (LiesInFrame(view.Frame, point) && !visit(point)) return;
   }
 }
@@ -71,12 +72,12 @@ void ForEachPointIn(const Workspace& workspace, ViewKind kind, Place place, Visi
 template <typename Visit>
 void ForEachAmplitudeScatterPoint(const Workspace& workspace, Visit visit) {
   const AmplitudeScatterSettings& plot = workspace.AmplitudeScatter;
-  const auto place = [&](const LevelRecord& level, const ScatterAxes& axes) {
+  const auto place = [&](const LevelRecord& level, const ScatterPlaces& places) {
     const double value = SourceValue(workspace.Sweeps, level, plot.Value);
     return ScatterPoint{.Horizontal = value,
                         .Vertical = level.Amplitude,
-                        .X = axes.AcrossValue(value, plot.Minimum, plot.PerTick),
-                        .Y = axes.UpAmplitude(level.Amplitude, plot.AmplitudeMinimum)};
+                        .X = places.AcrossValue(value, plot.Minimum, plot.PerTick),
+                        .Y = places.UpAmplitude(level.Amplitude, plot.AmplitudeMinimum)};
   };
   ForEachPointIn(workspace, ViewKind::AmplitudeScatter, place, visit);
 }
@@ -85,13 +86,13 @@ void ForEachAmplitudeScatterPoint(const Workspace& workspace, Visit visit) {
 template <typename Visit>
 void ForEachDurationScatterPoint(const Workspace& workspace, Visit visit) {
   const DurationScatterSettings& plot = workspace.DurationScatter;
-  const auto place = [&](const LevelRecord& level, const ScatterAxes& axes) {
+  const auto place = [&](const LevelRecord& level, const ScatterPlaces& places) {
     const double value = SourceValue(workspace.Sweeps, level, plot.Value);
     return ScatterPoint{
         .Horizontal = value,
         .Vertical = level.Duration,
-        .X = axes.AcrossValue(value, plot.Minimum, plot.PerTick),
-        .Y = axes.Frame.PlotBottom - axes.AlongDuration(level.Duration, plot.MinimumExponent)};
+        .X = places.AcrossValue(value, plot.Minimum, plot.PerTick),
+        .Y = places.Frame.PlotBottom - places.AlongDuration(level.Duration, plot.MinimumExponent)};
   };
   ForEachPointIn(workspace, ViewKind::DurationScatter, place, visit);
 }
@@ -100,12 +101,12 @@ void ForEachDurationScatterPoint(const Workspace& workspace, Visit visit) {
 template <typename Visit>
 void ForEachScatterPoint(const Workspace& workspace, Visit visit) {
   const ScatterSettings& plot = workspace.Scatter;
-  const auto place = [&](const LevelRecord& level, const ScatterAxes& axes) {
+  const auto place = [&](const LevelRecord& level, const ScatterPlaces& places) {
     return ScatterPoint{
         .Horizontal = level.Duration,
         .Vertical = level.Amplitude,
-        .X = axes.AlongDuration(level.Duration, plot.MinimumExponent) + axes.Frame.PlotLeft,
-        .Y = axes.UpAmplitude(level.Amplitude, plot.Minimum)};
+        .X = places.AlongDuration(level.Duration, plot.MinimumExponent) + places.Frame.PlotLeft,
+        .Y = places.UpAmplitude(level.Amplitude, plot.Minimum)};
   };
   ForEachPointIn(workspace, ViewKind::Scatter, place, visit);
 }

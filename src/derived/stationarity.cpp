@@ -7,6 +7,7 @@
 
 #include "derived/axis_step.h"
 #include "fit/error_function.h"
+#include "fit/number_pair.h"
 #include "shell/toolkit.h"
 #include "workspace/geometry.h"
 #include "workspace/number_text.h"
@@ -22,9 +23,11 @@ constexpr double kReach = 3.0;
 
 /// The weight of a Gaussian between `lower` and `upper`, in widths of the kernel from its middle.
 /// It is negative for `lower` below `upper`, and twice what the Gaussian has; the whole weight of
-/// the kernel is taken the same way, so that both cancel out.
+/// the kernel is taken the same way, so that both cancel out. Almost all of the time that samples
+/// take goes into the two error functions, which are thus worked out together.
 double ErfcDifference(double lower, double upper) {
-  return ComplementaryErf(upper) - ComplementaryErf(lower);
+  const Pair atEdges = ComplementaryErf(Pair(lower, upper));
+  return atEdges.Second() - atEdges.First();
 }
 
 double Contribution(StationarityType type, const LevelRecord& level) {
@@ -65,13 +68,14 @@ FirstSample FindFirstSample(double start, double reach, double step) {
 /// Adds `value` to every sample, by the part of the kernel's weight that the level covers.
 void AddLevel(StationaritySettings& plot, const LevelRecord& level, double value) {
   const double reach = kReach * plot.Tau;
+  const double limit = reach / plot.Tau;
   const double step = plot.TickSpacing / plot.TickPixels;
   const double start = level.Transition;
   const double end = start + level.Duration;
   auto [place, time] = FindFirstSample(start, reach, step);
   for (; end > time - reach && place < plot.SampleCount; ++place, time += step) {
-    const double lower = time - reach <= start ? (start - time) / plot.Tau : -(reach / plot.Tau);
-    const double upper = end < time + reach ? (end - time) / plot.Tau : reach / plot.Tau;
+    const double lower = time - reach <= start ? (start - time) / plot.Tau : -limit;
+    const double upper = end < time + reach ? (end - time) / plot.Tau : limit;
     plot.StationaritySamples[place] += ErfcDifference(lower, upper) * value;
   }
 }
@@ -80,7 +84,8 @@ void AddLevels(StationaritySettings& plot, const LevelTable& levels) {
   for (std::int32_t index = 0; index < levels.Count; ++index) {
     const LevelRecord& level = *levels.Index[index];
     if (level.LevelFlags != 0 || !(level.Transition < plot.ShortestSweep)) continue;
-    AddLevel(plot, level, Contribution(plot.Type, level));
+    const double value = Contribution(plot.Type, level);
+    if (value != 0.0) AddLevel(plot, level, value);
   }
 }
 
@@ -109,10 +114,14 @@ std::int32_t CountSamples(const StationaritySettings& plot) {
 
 // --- Axes ----------------------------------------------------------------------------------------
 
-/// Intervals of `step` that cover `span`.
-double CountIntervals(double span, double step) {
-  const double count = std::trunc(span / step);
-  return count * step != span ? count + 1.0 : count;
+/// `value` in steps of an axis, a whole number also where rounding alone made it none: an average
+/// that came out a bit above 1 is no reason for an axis up to 2.
+double InSteps(double value, double step) {
+  constexpr double kRounding = 1e-9;  // of a step, or of many
+  const double steps = value / step;
+  const double nearest = std::round(steps);
+  const double rounding = kRounding * std::max(std::fabs(steps), 1.0);
+  return std::fabs(steps - nearest) <= rounding ? nearest : steps;
 }
 
 std::int32_t WidthOfNumber(double number, int decimals, const DeviceRecord& device) {
@@ -137,7 +146,7 @@ void ScaleTimeAxis(StationaritySettings& plot, double plotWidth, const DeviceRec
   constexpr double kWholeSeconds = 10.0;  // s; ticks from here on need no decimals
   const double span = plot.ShortestSweep;
   plot.TickSpacing = span == 0.0 ? 1.0 : AxisStep(span / kLeastTicks);
-  const double ticks = CountIntervals(span, plot.TickSpacing);
+  const double ticks = std::ceil(InSteps(span, plot.TickSpacing));
   plot.TickPixels = plotWidth / ticks;
   plot.TimeDecimals = plot.TickSpacing >= kWholeSeconds ? 0 : 3;
   const double last = ticks * plot.TickSpacing;
@@ -162,10 +171,9 @@ bool SampleStationarity(Workspace& workspace) {
 void ScaleValueAxis(StationaritySettings& plot, double plotHeight) {
   const double tick = TickOfValues(plot.ValueMin, plot.ValueMax);
   plot.ValueTick = tick;
-  const double ticks = std::trunc(plot.ValueMin / tick);
-  const bool roundsUp = ticks * tick != plot.ValueMin && plot.ValueMin < 0.0;
-  plot.ValueMin = (roundsUp ? ticks - 1.0 : ticks) * tick;
-  const double intervals = std::max(CountIntervals(plot.ValueMax - plot.ValueMin, tick), 1.0);
+  plot.ValueMin = std::floor(InSteps(plot.ValueMin, tick)) * tick;
+  const double span = plot.ValueMax - plot.ValueMin;
+  const double intervals = std::max(std::ceil(InSteps(span, tick)), 1.0);
   plot.ValueTickPixels = WholeUnits(plotHeight / intervals);
 }
 

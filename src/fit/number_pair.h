@@ -4,6 +4,7 @@
 
 #include <emmintrin.h>
 
+#include <cmath>
 #include <cstddef>
 
 namespace ondrel {
@@ -33,6 +34,13 @@ inline Pair operator/(Pair a, Pair b) {
 }
 inline Pair operator-(Pair a) {
   return _mm_xor_pd(a.Lanes, _mm_set1_pd(-0.0));
+}
+
+inline Pair Magnitude(Pair a) {
+  return _mm_andnot_pd(_mm_set1_pd(-0.0), a.Lanes);
+}
+inline double Magnitude(double a) {
+  return std::fabs(a);
 }
 
 /// For each lane all bits or none.

@@ -113,7 +113,7 @@ void ScreenDrawAmplitudeCurve(GraphicsContext& context, const AmplitudeHistogram
 void ScreenDrawDot(GraphicsContext& context, double y, double x, double size) {
   const double half = size / 2;
   if (half == 0.0) {
-    ScreenDrawLine(context, x, y, x, y);
+    toolkit::DrawPoint(context.Device, TruncateToInteger(x), TruncateToInteger(y));
     return;
   }
   toolkit::FilledRect(context.Device, TruncateRect(x - half, y - half, x + half, y + half));

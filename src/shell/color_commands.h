@@ -9,7 +9,7 @@ namespace ondrel {
 /// happens when the command is no colour entry.
 void ChooseViewColor(FrameWindow* frame, CommandId command);
 
-/// Whether the command is a colour entry of a view that the program has.
+/// Whether the command is a colour entry of a view.
 bool IsColorCommand(CommandId command);
 
 }  // namespace ondrel

@@ -210,6 +210,8 @@ void SetDrawingColor(DeviceRecord& device, const RgbColor& color);
 
 void MoveTo(DeviceRecord& device, std::int32_t x, std::int32_t y);
 void LineTo(DeviceRecord& device, std::int32_t x, std::int32_t y);
+/// A point as thick as the pen, at least a pixel: a line of no length is nothing to a thin pen.
+void DrawPoint(DeviceRecord& device, std::int32_t x, std::int32_t y);
 /// The platform's rectangle with pen and brush.
 void FilledRect(DeviceRecord& device, const IntRect& rect);
 /// The same with nothing inside.

@@ -49,10 +49,9 @@ void DrawNumberUpTo(AxisDrawing& axis, double x, double y, const char* text) {
   DrawTextUpTo(axis.Target, x, y, text);
 }
 
-double NumberOfTick(double start, std::int32_t tick, double step) {
-  constexpr double kRounding = 1e-9;  // of a step
-  const double number = start + tick * step;
-  return std::fabs(number) < kRounding * std::fabs(step) ? 0.0 : number;
+double NumberOfAxis(double number, double start) {
+  constexpr double kRounding = 1e-12;  // of what has cancelled out
+  return std::fabs(number) < kRounding * std::fabs(start) ? 0.0 : number;
 }
 
 }  // namespace ondrel

@@ -2,6 +2,7 @@
 // theirs with these.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "output/plot_primitives.h"
@@ -13,6 +14,16 @@ namespace ondrel {
 
 /// More ticks than any device can tell apart; settings ask for any number of them.
 inline constexpr std::int32_t kMostTicks = 1 << 14;
+
+/// A setting as a number of ticks that can be drawn.
+constexpr std::int32_t CountTicks(std::int32_t setting) {
+  return std::clamp(setting, 1, kMostTicks);
+}
+
+/// A setting as a number that can be divided by.
+constexpr double AtLeastOne(std::int32_t setting) {
+  return std::max(setting, 1);
+}
 
 enum class AxisPart : std::uint8_t { None, Labels, Axes };
 
@@ -39,8 +50,8 @@ void DrawNumberAt(AxisDrawing& axis, double x, double y, const char* text);
 void DrawNumberFrom(AxisDrawing& axis, double x, double y, const char* text);
 void DrawNumberUpTo(AxisDrawing& axis, double x, double y, const char* text);
 
-/// The number at tick `tick` of an axis that begins at `start`. Where the numbers pass 0 it is 0,
+/// A number of an axis that was added up in steps from `start`. Where the numbers pass 0 it is 0,
 /// not what rounding leaves of it, which would be shown as "-0.0" or as "1.11E-16".
-double NumberOfTick(double start, std::int32_t tick, double step);
+double NumberOfAxis(double number, double start);
 
 }  // namespace ondrel

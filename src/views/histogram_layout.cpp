@@ -7,6 +7,7 @@
 #include "fit/duration_histogram.h"
 #include "fit/histogram_axis.h"
 #include "output/plot_primitives.h"
+#include "views/axis_drawing.h"
 #include "views/graph_frame.h"
 
 namespace ondrel {
@@ -17,11 +18,6 @@ double WidthOfBin(const Drawing& drawing, const GraphFrame& frame, std::int64_t 
   if (!(GetPixelSnap(drawing) > 0.0)) return width;
   const double whole = std::trunc(width);
   return whole != 0.0 ? whole : width;  // bins thinner than a pixel are not lost
-}
-
-/// A setting as a number that can be divided by.
-double AtLeastOne(std::int32_t setting) {
-  return std::max(setting, 1);
 }
 
 /// The tallest bar ends within the last interval of the axis of counts.

@@ -30,7 +30,7 @@ double OffsetOfTick(const GraphFrame& frame, const CountScale& scale, double tic
 
 void DrawCountTicks(AxisDrawing& axis, double length, const CountScale& scale) {
   const GraphFrame& frame = axis.Frame;
-  const double countsPerTick = std::max(scale.CountsPerTick, 1);
+  const double countsPerTick = AtLeastOne(scale.CountsPerTick);
   double former = 0.0;
   for (std::int32_t i = 0; i < kMostTicks; ++i) {
     const double count = i * countsPerTick;

@@ -1,6 +1,5 @@
 #include "views/scatter_axes.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "workspace/number_text.h"
@@ -9,11 +8,6 @@
 
 namespace ondrel {
 namespace {
-
-/// A setting as a number of ticks that can be drawn.
-std::int32_t CountTicks(std::int32_t setting) {
-  return std::clamp(setting, 1, kMostTicks);
-}
 
 const char* TitleOf(ScatterValue value) {
   switch (value) {
@@ -84,26 +78,30 @@ double ShareOfMinor(std::int32_t m, std::int32_t ticksPerDecade) {
   return ticksPerDecade == 1 ? 0.0 : std::log(m) / std::log(ticksPerDecade + 1);
 }
 
-/// False when a tick lies beyond the end of the axis, and when none of the `ticksLeft` is left.
+/// False when a tick lies beyond the end of the axis.
 bool DrawMinorTicks(AxisDrawing& axis, const AxisDirection& direction, double width,
-                    const DurationAxis& scale, double start, std::int32_t& ticksLeft) {
+                    const DurationAxis& scale, double start) {
   const std::int32_t ticks = CountTicks(scale.TicksPerDecade);
   for (std::int32_t m = 2; m <= ticks + 1; ++m) {
     const double offset = start + ShareOfMinor(m, ticks) * scale.PixelsPerDecade;
-    if (LiesBeyond(offset, direction.Length(axis.Frame)) || ticksLeft <= 0) return false;
-    --ticksLeft;
+    if (LiesBeyond(offset, direction.Length(axis.Frame))) return false;
     direction.DrawTick(axis, offset, MinorTickLength(width));
   }
   return true;
 }
 
+/// Whether minor ticks can be told apart at all; else the settings ask for any number of them.
+bool CanHaveMinorTicks(const DurationAxis& scale) {
+  return std::int64_t{CountTicks(scale.Decades)} * CountTicks(scale.TicksPerDecade) <= kMostTicks;
+}
+
 void DrawDecades(AxisDrawing& axis, const AxisDirection& direction, double width,
                  const DurationAxis& scale) {
-  std::int32_t ticksLeft = kMostTicks;
+  const bool hasMinorTicks = axis.ShowAxes && CanHaveMinorTicks(scale);
   for (std::int32_t k = 0; k <= CountTicks(scale.Decades); ++k) {
     const double offset = k * scale.PixelsPerDecade;
     direction.DrawTick(axis, offset, MajorTickLength(width));
-    if (axis.ShowAxes && !DrawMinorTicks(axis, direction, width, scale, offset, ticksLeft)) return;
+    if (hasMinorTicks && !DrawMinorTicks(axis, direction, width, scale, offset)) return;
     char text[kNumberTextSize] = "";
     IntegerText(TruncateToInteger(static_cast<double>(scale.MinimumExponent) + k), text);
     direction.DrawNumber(axis, width, offset, text);
@@ -122,7 +120,7 @@ void DrawValueAxis(AxisDrawing& axis, double width, const ValueAxis& scale) {
     const double x = frame.PlotLeft + k * scale.PixelsPerTick;
     DrawTickBelow(axis, x, MajorTickLength(width));
     char text[kNumberTextSize] = "";
-    RealText(NumberOfTick(scale.Minimum, k, scale.PerTick), 2, 'f', text);
+    RealText(NumberOfAxis(scale.Minimum + k * scale.PerTick, scale.Minimum), 2, 'f', text);
     DrawNumberFrom(axis, x, frame.PlotBottom + NumberDistance(width), text);
   }
 }
@@ -131,12 +129,15 @@ void DrawAmplitudeAxis(AxisDrawing& axis, double width, const AmplitudeAxis& sca
   const GraphFrame& frame = axis.Frame;
   DrawAxisTitle(axis, VerticalTitlePlace(frame), "Amplitude (pA)");
   DrawVerticalLine(axis);
+  const double first = scale.Minimum / kPicoampere;
+  double number = first;
   for (std::int32_t k = 0; k < CountTicks(scale.Ticks); ++k) {
     const double y = frame.PlotBottom - k * scale.PixelsPerUnit * scale.PaPerTick;
     DrawTickBeside(axis, y, MajorTickLength(width));
     char text[kNumberTextSize] = "";
-    RealText(NumberOfTick(scale.Minimum / kPicoampere, k, scale.PaPerTick), 1, 'f', text);
+    RealText(NumberOfAxis(number, first), 1, 'f', text);
     DrawNumberUpTo(axis, VerticalNumberEnd(frame), y, text);
+    number += scale.PaPerTick;  // added up, unlike the horizontal numbers
   }
 }
 

@@ -17,11 +17,6 @@ namespace {
 
 // --- Layout --------------------------------------------------------------------------------------
 
-/// A setting as a number that can be divided by.
-double AtLeastOne(std::int32_t setting) {
-  return std::max(setting, 1);
-}
-
 /// Even, so that half of it is whole: a dot then lies the same way about each place.
 double SymbolPixels(double size, double dpi) {
   const double pixels = std::max(WholeUnits(size * dpi / kCentimetersPerInch), 0.0);
@@ -32,7 +27,9 @@ double PixelsPerTick(const GraphFrame& frame, std::int32_t tickMarks) {
   return WholeUnits((frame.PlotRight - frame.PlotLeft) / AtLeastOne(tickMarks));
 }
 
+/// 0 without a step, which no dialog takes: then there are no places.
 double PixelsPerUnit(const GraphFrame& frame, std::int32_t ticks, double paPerTick) {
+  if (!(paPerTick > 0.0)) return 0.0;
   return WholeUnits((frame.PlotBottom - frame.PlotTop) / (AtLeastOne(ticks) * paPerTick));
 }
 

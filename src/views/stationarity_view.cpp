@@ -16,12 +16,17 @@ namespace {
 /// Numbers in exponent notation need more room beside the axis than those of other graphs.
 constexpr double kLeftGapOfStationarity = 6.8;
 
-/// The box lets paint messages through, and other views draw with the same context.
+/// The box lets paint messages through: other views draw with the same context, and this view may
+/// be laid out for another rectangle and find the memory that is missing here.
 void ReportNoMemory(Workspace& workspace) {
-  const GraphicsContext kept = workspace.Graphics;
+  GraphFrame& frame = ViewOf(workspace, ViewKind::Stationarity).Frame;
+  const GraphicsContext keptGraphics = workspace.Graphics;
+  const GraphFrame keptFrame = frame;
   ReportFailure(workspace.Frame,
                 {TextId::InsufficientMemoryFor, "stationary plot", TextId::ReduceEntries});
-  workspace.Graphics = kept;
+  workspace.Graphics = keptGraphics;
+  frame = keptFrame;
+  FreeSamples(workspace.Stationarity);
 }
 
 bool HasSamples(const StationaritySettings& plot) {
@@ -36,13 +41,15 @@ void DrawTimeAxis(AxisDrawing& axis, double height, const StationaritySettings& 
   DrawAxisTitle(axis, HorizontalTitlePlace(frame, height), "Time (s)");
   DrawAxisLine(axis, frame.PlotLeft, frame.PlotBottom, frame.PlotRight, frame.PlotBottom);
   if (!HasSamples(plot)) return;
+  double time = 0.0;
   for (std::int32_t k = 0; k < kMostTicks; ++k) {
     const double x = frame.PlotLeft + k * plot.TickPixels;
     if (LiesBeyond(x, frame.PlotRight)) return;
     DrawAxisLine(axis, x, frame.PlotBottom, x, frame.PlotBottom + MajorTickLength(height));
     char text[kNumberTextSize] = "";
-    RealText(k * plot.TickSpacing, plot.TimeDecimals, 'f', text);
+    RealText(time, plot.TimeDecimals, 'f', text);
     DrawNumberFrom(axis, x, frame.PlotBottom + NumberDistance(height), text);
+    time += plot.TickSpacing;
   }
 }
 
@@ -69,24 +76,26 @@ void ValueText(StationarityType type, double value, char* text) {
   }
 }
 
-void DrawValueTicks(AxisDrawing& axis, double height, const StationaritySettings& plot) {
+void DrawSampleTicks(AxisDrawing& axis, double height, const StationaritySettings& plot) {
   const GraphFrame& frame = axis.Frame;
   if (!(plot.ValueTickPixels > 0.0)) return;
+  double value = plot.ValueMin;
   for (std::int32_t k = 0; k < kMostTicks; ++k) {
     const double y = frame.PlotBottom - k * plot.ValueTickPixels;
     if (LiesBeyond(frame.PlotTop, y)) return;
     DrawAxisLine(axis, frame.PlotLeft, y, frame.PlotLeft - MajorTickLength(height), y);
     char text[kNumberTextSize] = "";
-    ValueText(plot.Type, NumberOfTick(plot.ValueMin, k, plot.ValueTick), text);
+    ValueText(plot.Type, NumberOfAxis(value, plot.ValueMin), text);
     DrawNumberUpTo(axis, VerticalNumberEnd(frame), y, text);
+    value += plot.ValueTick;
   }
 }
 
-void DrawValueAxis(AxisDrawing& axis, double height, const StationaritySettings& plot) {
+void DrawSampleAxis(AxisDrawing& axis, double height, const StationaritySettings& plot) {
   const GraphFrame& frame = axis.Frame;
   DrawAxisTitle(axis, VerticalTitlePlace(frame), TitleOf(plot.Type));
   DrawAxisLine(axis, frame.PlotLeft, frame.PlotTop, frame.PlotLeft, frame.PlotBottom);
-  if (HasSamples(plot)) DrawValueTicks(axis, height, plot);
+  if (HasSamples(plot)) DrawSampleTicks(axis, height, plot);
 }
 
 // --- Curve ---------------------------------------------------------------------------------------
@@ -97,13 +106,13 @@ void DrawCurve(const Drawing& drawing, const ViewState& view, const Stationarity
   const GraphFrame& frame = view.Frame;
   const double scale = plot.ValueTickPixels / plot.ValueTick;
   const double start = frame.PlotLeft + 3.0 * plot.Tau * plot.TickPixels / plot.TickSpacing;
-  const auto height = [&](std::int32_t place) {
+  const auto yOf = [&](std::int32_t place) {
     return plot.ValueMin * scale + frame.PlotBottom - scale * plot.StationaritySamples[place];
   };
   SetStrokeColor(drawing, ColorOf(view, PlotColor::Plot));
-  MoveTo(drawing, start, height(0));
+  MoveTo(drawing, start, yOf(0));
   for (std::int32_t place = 1; place < plot.SampleCount && !HasFailed(drawing); ++place) {
-    LineTo(drawing, start + place, height(place));
+    LineTo(drawing, start + place, yOf(place));
   }
   if (!HasFailed(drawing)) StrokePath(drawing);
 }
@@ -145,7 +154,7 @@ void DrawStationarity(Workspace& workspace, const GraphicsSink& sink, const IntR
                    .ShowLabels = plot.ShowLabels};
   DrawTimeAxis(axis, height, plot);
   if (HasFailed(axis.Target)) return;
-  DrawValueAxis(axis, height, plot);
+  DrawSampleAxis(axis, height, plot);
   if (HasFailed(axis.Target)) return;
   DrawCurve(axis.Target, view, plot);
 }

@@ -205,8 +205,8 @@ void DestroyView(Workspace& workspace, ViewKind kind) {
   FreeCallbacks(callbacks);
   view.Window = nullptr;
   view.NeedsRebuild = false;
-  const ViewRoutines* routines = FactsOf(kind).Routines;
-  if (routines != nullptr && routines->Closed != nullptr) routines->Closed(workspace);
+  const ViewRoutines& routines = *FactsOf(kind).Routines;
+  if (routines.Closed != nullptr) routines.Closed(workspace);
 }
 
 void RepaintView(Workspace& workspace, ViewKind kind) {

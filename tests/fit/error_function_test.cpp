@@ -79,6 +79,20 @@ TEST(ComplementaryErfTest, NotANumberStaysOne) {
   EXPECT_TRUE(std::isnan(ComplementaryErf(std::numeric_limits<double>::quiet_NaN())));
 }
 
+TEST(ComplementaryErfTest, EachLaneHasTheBitsOfASingleNumber) {
+  for (double x = -30.0; x < 30.0; x += 0.0173) {
+    for (const double y : {-x, 0.3 - x, 700.0 * x}) {
+      const Pair both = ComplementaryErf(Pair(x, y));
+      EXPECT_EQ(both.First(), ComplementaryErf(x)) << x;
+      EXPECT_EQ(both.Second(), ComplementaryErf(y)) << y;
+    }
+  }
+  const double noNumber = std::numeric_limits<double>::quiet_NaN();
+  const Pair both = ComplementaryErf(Pair(noNumber, 0.0));
+  EXPECT_TRUE(std::isnan(both.First()));
+  EXPECT_EQ(both.Second(), 1.0);
+}
+
 TEST(CoarseErfTest, ItsLargestErrorIsThatOfItsSource) {
   double largest = 0.0;
   for (double x = -6.0; x < 6.0; x += 0.00173) {

@@ -107,6 +107,23 @@ TEST_F(PlotPrimitivesTest, ARectangleGivesBackWhatTheSinkGivesBack) {
   EXPECT_THAT(recording::Lines(), ElementsAre("rect 1.75 2.5 30.9 40.1"));
 }
 
+TEST_F(PlotPrimitivesTest, APathGoesFromPointToUnroundedPointAndIsStroked) {
+  MoveTo(drawing_, 1.25, -2.75);
+  LineTo(drawing_, 1e6, 0.1);
+  LineTo(drawing_, -3.5, 4.0);
+  StrokePath(drawing_);
+  EXPECT_THAT(recording::Lines(),
+              ElementsAre("move 1.25 -2.75", "path 1000000 0.1", "path -3.5 4", "stroke"));
+}
+
+/// Views give x first as everywhere, and the operation takes y first.
+TEST_F(PlotPrimitivesTest, ADotTakesItsPlacesToTheOperationInThatOrder) {
+  DrawDot(drawing_, 1.25, -2.75, 3.5);
+  DrawDot(drawing_, 10.0, 20.0, 0.0);
+  EXPECT_THAT(recording::Lines(),
+              ElementsAre("dot y -2.75 x 1.25 size 3.5", "dot y 20 x 10 size 0"));
+}
+
 TEST_F(PlotPrimitivesTest, BarsGoToTheOperationOfTheirStyle) {
   context_.BinCount = 3;
   context_.BinWidth = 10.0;

@@ -56,6 +56,12 @@ TEST_F(ScreenSinkTest, APathIsClampedTo32000EitherWay) {
                                    "line 32000 -32000 to -31999 31999"));
 }
 
+TEST_F(ScreenSinkTest, APathReaches32000EitherWay) {
+  sink().MoveTo(context(), -32000.0, 32000.0);
+  sink().LineTo(context(), 32000.9, -32000.9);
+  EXPECT_THAT(Drawn(), ElementsAre("line -32000 32000 to 32000 -32000"));
+}
+
 TEST_F(ScreenSinkTest, NotANumberStaysWithinTheBoundsOfAPath) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   sink().MoveTo(context(), nan, 1.0);
@@ -114,7 +120,7 @@ TEST_F(ScreenSinkTest, ARectangleIsHollowAndItsTruncatedEdgesAreReturned) {
 
 TEST_F(ScreenSinkTest, ADotOfSizeZeroSetsOnePoint) {
   sink().DrawDot(context(), 20.7, 10.7, 0.0);
-  EXPECT_THAT(Drawn(), ElementsAre("line 10 20 to 10 20"));
+  EXPECT_THAT(Drawn(), ElementsAre("point 10 20"));
 }
 
 TEST_F(ScreenSinkTest, ADotIsAFilledSquareAroundItsPointAndTakesYFirst) {
@@ -126,6 +132,24 @@ TEST_F(ScreenSinkTest, ADotIsAFilledSquareAroundItsPointAndTakesYFirst) {
 TEST_F(ScreenSinkTest, ADotAsSmallAsCanBeIsStillARectangle) {
   sink().DrawDot(context(), 20.7, 10.7, 1e-300);
   EXPECT_THAT(Drawn(), ElementsAre("filled rect 10 20 10 20"));
+}
+
+TEST_F(ScreenSinkTest, ADotOfAnEvenNumberOfUnitsHasItsPlaceInTheMiddle) {
+  sink().DrawDot(context(), 20.0, 10.0, 4.0);
+  sink().DrawDot(context(), 20.9, 10.9, 4.0);
+  EXPECT_THAT(Drawn(), ElementsAre("filled rect 8 18 12 22", "filled rect 8 18 12 22"));
+}
+
+TEST_F(ScreenSinkTest, ADotBeyondTheDeviceIsNotClamped) {
+  sink().DrawDot(context(), -40000.0, 40000.0, 2.0);
+  EXPECT_THAT(Drawn(), ElementsAre("filled rect 39999 -40001 40001 -39999"));
+}
+
+TEST_F(ScreenSinkTest, HugeDotsAndPlacesThatAreNoNumbersSaturate) {
+  sink().DrawDot(context(), 1.0, 2.0, 1e300);
+  sink().DrawDot(context(), 1.0, 2.0, std::numeric_limits<double>::quiet_NaN());
+  EXPECT_THAT(Drawn(), ElementsAre("filled rect -2147483648 -2147483648 2147483647 2147483647",
+                                   "filled rect -2147483648 -2147483648 -2147483648 -2147483648"));
 }
 
 TEST_F(ScreenSinkTest, ADotIsTruncatedTowardZeroOnBothSidesOfTheOrigin) {

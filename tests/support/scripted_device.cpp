@@ -155,6 +155,11 @@ void LineTo(DeviceRecord& device, std::int32_t x, std::int32_t y) {
   MoveTo(device, x, y);
 }
 
+void DrawPoint(DeviceRecord& device, std::int32_t x, std::int32_t y) {
+  Draw("point " + Text(x, y));
+  MoveTo(device, x, y);
+}
+
 void FilledRect(DeviceRecord&, const IntRect& rect) {
   Draw("filled rect " + Text(rect));
 }

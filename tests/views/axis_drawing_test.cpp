@@ -64,13 +64,26 @@ TEST_F(AxisDrawingTest, WhatIsSwitchedOffIsNotDrawnAndSetsNoColour) {
   EXPECT_THAT(recording::Lines(), IsEmpty());
 }
 
-TEST_F(AxisDrawingTest, TheNumberOfATickIsZeroWhereTheAxisPassesZero) {
-  EXPECT_EQ(NumberOfTick(-5.0, 0, 10.0), -5.0);
-  EXPECT_EQ(NumberOfTick(-5.0, 3, 10.0), 25.0);
-  EXPECT_NE(-0.3 + 3 * 0.1, 0.0);
-  EXPECT_EQ(NumberOfTick(-0.3, 3, 0.1), 0.0);
-  EXPECT_EQ(NumberOfTick(0.3, 3, -0.1), 0.0);
-  EXPECT_EQ(NumberOfTick(1e-12, 0, 1e-12), 1e-12) << "small numbers stay";
+TEST_F(AxisDrawingTest, WhereNumbersPassZeroTheirRoundingIsNotShown) {
+  const double added = -0.3 + 0.1 + 0.1 + 0.1;
+  EXPECT_NE(added, 0.0);
+  EXPECT_EQ(NumberOfAxis(added, -0.3), 0.0);
+  EXPECT_EQ(NumberOfAxis(-5.0 + 3 * 10.0, -5.0), 25.0);
+  EXPECT_EQ(NumberOfAxis(1e-9, -0.3), 1e-9);
+}
+
+TEST_F(AxisDrawingTest, TheFirstNumberOfAnAxisIsItsOwnHoweverSmall) {
+  EXPECT_EQ(NumberOfAxis(500.0, 500.0), 500.0);
+  EXPECT_EQ(NumberOfAxis(1e-12, 1e-12), 1e-12);
+  EXPECT_EQ(NumberOfAxis(0.0, 0.0), 0.0);
+}
+
+TEST_F(AxisDrawingTest, CountsThatCannotBeDrawnCountAsTheNearestThatCan) {
+  EXPECT_EQ(CountTicks(-3), 1);
+  EXPECT_EQ(CountTicks(7), 7);
+  EXPECT_EQ(CountTicks(kMostTicks + 1), kMostTicks);
+  EXPECT_EQ(AtLeastOne(0), 1.0);
+  EXPECT_EQ(AtLeastOne(7), 7.0);
 }
 
 }  // namespace

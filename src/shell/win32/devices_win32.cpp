@@ -128,6 +128,12 @@ void LineTo(DeviceRecord& device, std::int32_t x, std::int32_t y) {
   ::LineTo(DcOf(device), x, y);
 }
 
+void DrawPoint(DeviceRecord& device, std::int32_t x, std::int32_t y) {
+  MoveTo(device, x, y);
+  LineTo(device, x, y);
+  SetPixelV(DcOf(device), x, y, PenOf(device).lopnColor);
+}
+
 void FilledRect(DeviceRecord& device, const IntRect& rect) {
   Rectangle(DcOf(device), rect.Left, rect.Top, rect.Right, rect.Bottom);
 }

@@ -153,27 +153,27 @@ TEST(Samples, DriftingRunsDownWithItsRelevantValueAndTag) {
   EXPECT_LT(events.size(), 8000u);
   ExpectContinuous(events);
   for (std::size_t i = 0; i < sweeps.size(); ++i) {
-    EXPECT_EQ(sweeps[i].Duration, 1.0);
+    EXPECT_EQ(sweeps[i].Duration, 2.0);
     EXPECT_EQ(sweeps[i].RelevantStart, 0.1);
-    EXPECT_EQ(sweeps[i].RelevantEnd, 0.9);
-    EXPECT_EQ(sweeps[i].RelevantValue, -90.0 + 2.0 * static_cast<double>(i));
-    EXPECT_EQ(sweeps[i].TagValue, 5.0 * static_cast<double>(i));
+    EXPECT_EQ(sweeps[i].RelevantEnd, 1.9);
+    EXPECT_EQ(sweeps[i].RelevantValue, 0.75 * static_cast<double>(i));
+    EXPECT_EQ(sweeps[i].TagValue, 45.0 * static_cast<double>(i));
   }
   int openings[2] = {};  // in the first and the last 20 sweeps
   int halves[2] = {};    // in the first and the last half of each sweep
   double currents[2] = {};
   for (const ReadEvent& event : events) {
     if (event.Level != 1) continue;
-    ++halves[event.Transition < 0.5 ? 0 : 1];
+    ++halves[event.Transition < 1.0 ? 0 : 1];
     if (event.Sweep > 20 && event.Sweep <= 40) continue;
     ++openings[event.Sweep > 40];
     currents[event.Sweep > 40] += event.PostAmplitude;
   }
   EXPECT_GT(openings[0], 1.5 * openings[1]);
-  EXPECT_GT(halves[0], 1.3 * halves[1]);
-  // The factor on 4 pA at the middle of sweeps 1 to 20, then 41 to 60, on the way from 1 to 0.75.
-  EXPECT_NEAR(currents[0] / openings[0], 4e-12 * (1.0 - 0.25 * 9.5 / 59.0), 0.03e-12);
-  EXPECT_NEAR(currents[1] / openings[1], 4e-12 * (1.0 - 0.25 * 49.5 / 59.0), 0.03e-12);
+  EXPECT_GT(halves[0], 2.0 * halves[1]);
+  // The factor on 3 pA at the middle of sweeps 1 to 20, then 41 to 60, on the way from 1 to 0.75.
+  EXPECT_NEAR(currents[0] / openings[0], 3e-12 * (1.0 - 0.25 * 9.5 / 59.0), 0.03e-12);
+  EXPECT_NEAR(currents[1] / openings[1], 3e-12 * (1.0 - 0.25 * 49.5 / 59.0), 0.03e-12);
 }
 
 TEST(Samples, SeveralFilesHasOneFileOfEachType) {
