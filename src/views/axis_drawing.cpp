@@ -51,7 +51,7 @@ void DrawNumberUpTo(AxisDrawing& axis, double x, double y, const char* text) {
 
 double NumberOfAxis(double number, double start) {
   constexpr double kRounding = 1e-12;  // of what has cancelled out
-  return std::fabs(number) < kRounding * std::fabs(start) ? 0.0 : number;
+  return std::fabs(number) <= kRounding * std::fabs(start) ? 0.0 : number;
 }
 
 }  // namespace ondrel

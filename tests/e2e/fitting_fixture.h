@@ -73,8 +73,6 @@ class FittingTest : public EndToEnd, public ::testing::WithParamInterface<const 
 /// Whether a curve passes the place, give or take some pixels up or down.
 bool CurvePasses(const Picture& view, Point place, int reach = 3);
 
-inline constexpr std::uint32_t kRed = 0xFF0000;
-
 /// Instantiates the tests of a fixture for both histograms.
 #define FOR_BOTH_HISTOGRAMS(fixture)                                                          \
   INSTANTIATE_TEST_SUITE_P(Both, fixture, ::testing::Values(&kAmplitudeTwin, &kDurationTwin), \

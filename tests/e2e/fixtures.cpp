@@ -109,20 +109,31 @@ std::string VersionFive(int sweeps, int eventsPerSweep) {
 }
 
 std::string VersionFiveOf(const std::vector<Opening>& openings) {
-  constexpr double kBefore = 0.001;  // s, in front of the first opening
+  return VersionFiveOfSweeps({{.Openings = openings}});
+}
+
+std::string VersionFiveOfSweeps(const std::vector<RecordedSweep>& sweeps) {
   constexpr double kPicoampere = 1e-12;
-  double time = kBefore;
+  std::string rows;
+  std::string segments;
   std::string events;
-  for (const Opening& opening : openings) {
-    const double current = opening.Current * kPicoampere;
-    events += Format("1\t%.9f\t%.7E\t%.7E\t1\t0\r\n", time, 0.0, current);
-    time += opening.Open;
-    events += Format("1\t%.9f\t%.7E\t%.7E\t0\t0\r\n", time, current, 0.0);
-    time += opening.Closed;
+  int number = 0;
+  for (const RecordedSweep& sweep : sweeps) {
+    ++number;
+    double time = sweep.Before;
+    for (const Opening& opening : sweep.Openings) {
+      const double current = opening.Current * kPicoampere;
+      events += Format("%d\t%.9f\t%.7E\t%.7E\t1\t0\r\n", number, time, 0.0, current);
+      time += opening.Open;
+      events += Format("%d\t%.9f\t%.7E\t%.7E\t0\t0\r\n", number, time, current, 0.0);
+      time += opening.Closed;
+    }
+    rows += Format("%d\t%.9f\t%.9f\t%.9f\t%.6f\t%.6f\r\n", number, time, 0.0, time, sweep.Relevant,
+                   sweep.Tag);
+    segments += Format("%d\t1\t%.9f\t%.9f\r\n", number, 0.0, time);
   }
-  return Format("5\r\nFile\r\nUndefined\r\nSweeps\r\n1\t%.9f\t%.9f\t%.9f\t0\t0\r\n", time, 0.0,
-                time) +
-         Format("Segments\r\n1\t1\t%.9f\t%.9f\r\nEvents\r\n", 0.0, time) + events;
+  return "5\r\nFile\r\nUndefined\r\nSweeps\r\n" + rows + "Segments\r\n" + segments + "Events\r\n" +
+         events;
 }
 
 std::string ImportTable(int sweeps, int eventsPerSweep) {
@@ -182,6 +193,19 @@ std::string EndToEnd::File(const std::string& name, const std::string& content) 
 void EndToEnd::OpenTable(Program& program, const std::string& content) const {
   program.Open(File("table.evt", content));
   program.WaitForViews({"Level", "Event"});
+  program.ToForeground();
+}
+
+void ChooseColor(const Program& program, int id, const std::string& title, std::uint32_t color) {
+  constexpr int kRedField = 0x2C2;
+  constexpr int kGreenField = 0x2C3;
+  constexpr int kBlueField = 0x2C4;
+  program.Command(id);
+  const Dialog dialog = program.WaitForDialog(title);
+  dialog.Type(kRedField, std::to_string(color >> 16));
+  dialog.Type(kGreenField, std::to_string((color >> 8) & 0xFF));
+  dialog.Type(kBlueField, std::to_string(color & 0xFF));
+  dialog.Leave(kOkButton);
   program.ToForeground();
 }
 

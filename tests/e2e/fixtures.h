@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -60,6 +61,15 @@ struct Opening {
 };
 /// The layout with files, one sweep with these openings.
 std::string VersionFiveOf(const std::vector<Opening>& openings);
+/// A sweep and what its row says of it. It ends with the closing behind its last opening.
+struct RecordedSweep {
+  double Relevant = 0.0;
+  double Tag = 0.0;
+  double Before = 0.001;  // s, in front of the first opening
+  std::vector<Opening> Openings;
+};
+/// The layout with files, of as many sweeps.
+std::string VersionFiveOfSweeps(const std::vector<RecordedSweep>& sweeps);
 /// Six columns for "&Import Events...".
 std::string ImportTable(int sweeps, int eventsPerSweep);
 
@@ -100,6 +110,9 @@ class EndToEnd : public ::testing::Test {
  private:
   std::string folder_;
 };
+
+/// Takes a colour, 0xRRGGBB, in the dialog with this title that a colour command brings up.
+void ChooseColor(const Program& program, int id, const std::string& title, std::uint32_t color);
 
 /// Waits until the bar is that of the state without data, and checks that no view is open.
 void ExpectNoData(const Program& program);

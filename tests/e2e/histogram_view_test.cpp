@@ -8,10 +8,6 @@
 namespace ondrel::e2e {
 namespace {
 
-constexpr int kRedField = 0x2C2;
-constexpr int kGreenField = 0x2C3;
-constexpr int kBlueField = 0x2C4;
-
 class HistogramViews : public FittingTest {
  protected:
   /// The axis line at the left edge and the one on the line of count zero.
@@ -32,13 +28,7 @@ class HistogramViews : public FittingTest {
 
   /// The colour dialog of entry `place` of "&Colors"; 0 is that of the bars.
   void ChooseColor(int place, const std::string& title, std::uint32_t color) const {
-    program_.Command(Kind().FirstColor + place);
-    const Dialog dialog = program_.WaitForDialog(title);
-    dialog.Type(kRedField, std::to_string(color >> 16));
-    dialog.Type(kGreenField, std::to_string((color >> 8) & 0xFF));
-    dialog.Type(kBlueField, std::to_string(color & 0xFF));
-    dialog.Leave(kOkButton);
-    program_.ToForeground();
+    e2e::ChooseColor(program_, Kind().FirstColor + place, title, color);
   }
 
   void Minimize(Window view) const {

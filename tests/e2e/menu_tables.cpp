@@ -23,10 +23,11 @@ constexpr int kAutomaticFits[] = {53255, 53512};
 constexpr int kWithheld[] = {
     51719, 51720, 51722, 51723, 51726, 51727, 51728,  // saving, preferences, exports, printing
     52225, 52228, 52229, 52230, 52231,                // "Events" and the filters
-    52482, 52483, 52485, 52488,                       // graphs other than the histograms
     52993, 54017,                                     // tag values, settings of the statistics
-    53250, 53251, 53253,                              // settings of the histograms
-    53506, 53507, 53508, 53510,
+    53250, 53251, 53253,                              // settings of a histogram
+    53506, 53507, 53508, 53510,                       // the same of the other
+    53761, 53762, 54529, 54530, 54785, 54786,         // settings of the scatter plots
+    55041, 55042,                                     // settings of the stationarity plot
 };
 
 constexpr Row kSeparator{-1, nullptr, kAlways};
@@ -123,6 +124,14 @@ constexpr ViewRow kViewPopups[] = {
     {"Duration Histogram", 2, 26627, "&Labels..."},
     {"Duration Histogram", 2, 26628, "&Axes..."},
     {"Duration Histogram", 2, 26629, "&Background..."},
+    {"Amplitude/Duration", 0, 0, "S&catter"},
+    {"Amplitude/Duration", 1, 53761, "S&caling..."},
+    {"Amplitude/Duration", 1, 53762, "S&tyle..."},
+    {"Amplitude/Duration", 1, 0, "&Colors"},
+    {"Amplitude/Duration", 2, 26881, "&Data..."},
+    {"Amplitude/Duration", 2, 26882, "&Labels..."},
+    {"Amplitude/Duration", 2, 26883, "&Axes..."},
+    {"Amplitude/Duration", 2, 26884, "&Background..."},
     {"Statistics", 0, 0, "S&tatistics"},
     {"Statistics", 1, 54017, "&Settings..."},
     {"Statistics", 1, 0, "&Colors"},
@@ -135,6 +144,30 @@ constexpr ViewRow kViewPopups[] = {
     {"Sweep", 2, 27394, "&Unselected..."},
     {"Sweep", 2, 27395, "&Header..."},
     {"Sweep", 2, 27396, "&Background..."},
+    {"Amplitude Scatter Plot", 0, 0, "A&mplitudeScatter"},
+    {"Amplitude Scatter Plot", 1, 54529, "S&caling..."},
+    {"Amplitude Scatter Plot", 1, 54530, "S&tyle..."},
+    {"Amplitude Scatter Plot", 1, 0, "&Colors"},
+    {"Amplitude Scatter Plot", 2, 27905, "&Data..."},
+    {"Amplitude Scatter Plot", 2, 27906, "&Labels..."},
+    {"Amplitude Scatter Plot", 2, 27907, "&Axes..."},
+    {"Amplitude Scatter Plot", 2, 27908, "&Background..."},
+    {"Duration Scatter Plot", 0, 0, "&DurationScatter"},
+    {"Duration Scatter Plot", 1, 54785, "S&caling..."},
+    {"Duration Scatter Plot", 1, 54786, "S&tyle..."},
+    {"Duration Scatter Plot", 1, 0, "&Colors"},
+    {"Duration Scatter Plot", 2, 27649, "&Data..."},
+    {"Duration Scatter Plot", 2, 27650, "&Labels..."},
+    {"Duration Scatter Plot", 2, 27651, "&Axes..."},
+    {"Duration Scatter Plot", 2, 27652, "&Background..."},
+    {"Stationarity", 0, 0, "Statio&narity"},
+    {"Stationarity", 1, 55041, "&Settings..."},
+    {"Stationarity", 1, 55042, "S&tyle..."},
+    {"Stationarity", 1, 0, "&Colors"},
+    {"Stationarity", 2, 28161, "&Data..."},
+    {"Stationarity", 2, 28162, "&Labels..."},
+    {"Stationarity", 2, 28163, "&Axes..."},
+    {"Stationarity", 2, 28164, "&Background..."},
 };
 
 unsigned Bit(MenuState state) {

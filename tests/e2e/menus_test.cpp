@@ -7,6 +7,7 @@
 #include "fitting_gestures.h"
 #include "fixtures.h"
 #include "menu_tables.h"
+#include "plot_places.h"
 
 namespace ondrel::e2e {
 namespace {
@@ -88,6 +89,22 @@ TEST_F(Menus, AHistogramHasItsOwnPopupAndItsFitParametersHaveNone) {
   program.Command(kAmplitudeTwin.View);
   program.WaitForTopView(kAmplitudeTwin.Histogram);
   ExpectBarOfView(program, kAmplitudeTwin.Histogram, true);
+}
+
+TEST_F(Menus, EachPlotHasItsOwnPopupWhileItIsActive) {
+  Program program;
+  program.PassStart();
+  OpenTable(program, VersionFive(2, 12));
+  for (const PlotKind* kind : kEveryPlot) {
+    SCOPED_TRACE(kind->Name);
+    program.Command(kind->View);
+    program.WaitForTopView(kind->Title);
+    ASSERT_FALSE(ExpectedViewPopup(kind->Title).empty());
+    ExpectBarOfView(program, kind->Title);
+    program.Key(VK_F4, {VK_CONTROL});
+    program.WaitForNoView(kind->Title);
+    ExpectBarOfView(program, program.ViewTitles().front());
+  }
 }
 
 TEST_F(Menus, WithDataAndNoOpenViewTheBarHasNoViewPopupAndNoExport) {

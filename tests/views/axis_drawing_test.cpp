@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "support/recording_sink.h"
 #include "support/view_test.h"
 
@@ -76,6 +78,11 @@ TEST_F(AxisDrawingTest, TheFirstNumberOfAnAxisIsItsOwnHoweverSmall) {
   EXPECT_EQ(NumberOfAxis(500.0, 500.0), 500.0);
   EXPECT_EQ(NumberOfAxis(1e-12, 1e-12), 1e-12);
   EXPECT_EQ(NumberOfAxis(0.0, 0.0), 0.0);
+}
+
+/// Samples that no level adds to are 0 divided by a negative weight.
+TEST_F(AxisDrawingTest, AnAxisThatBeginsAtMinusZeroBeginsAtZero) {
+  EXPECT_FALSE(std::signbit(NumberOfAxis(-0.0, -0.0)));
 }
 
 TEST_F(AxisDrawingTest, CountsThatCannotBeDrawnCountAsTheNearestThatCan) {

@@ -46,6 +46,8 @@ class Inside {
   std::vector<MenuEntry> SystemMenu(Window window);
   ScrollBar VerticalScroll(Window window);
   bool NeedsPaint(Window window);
+  /// Paints over the middle of the client area, unknown to the program.
+  void Smear(Window window) { Ask(window, ProbeQuery::Smear); }
 
   /// Returns when the program has taken up all that was posted before this call: each handler has
   /// returned, or waits in a dialog.

@@ -12,6 +12,7 @@ namespace ondrel::e2e {
 
 inline constexpr std::uint32_t kBlack = 0x000000;
 inline constexpr std::uint32_t kWhite = 0xFFFFFF;
+inline constexpr std::uint32_t kRed = 0xFF0000;
 inline constexpr std::uint32_t kBlue = 0x0000FF;
 inline constexpr std::uint32_t kGrey = 0xC0C0C0;  // 49152 in 65536ths
 

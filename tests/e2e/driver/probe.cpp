@@ -1,6 +1,6 @@
-// The library that goes into the process of the program under test as a message hook. It only
-// looks: it asks the platform for what stands in menus and scroll bars, and notes when barrier
-// messages have been taken from the queue.
+// The library that goes into the process of the program under test as a message hook. It looks: it
+// asks the platform for what stands in menus and scroll bars, and notes when barrier messages have
+// been taken from the queue. It leaves a patch of paint in a window where it is asked to.
 #include <cstdio>
 #include <cstring>
 
@@ -57,6 +57,20 @@ void WriteScroll(ProbeBoard& board, HWND window) {
                   bar.dxyLineButton, bar.xyThumbTop, bar.xyThumbBottom};
 }
 
+/// What a program draws anew covers the patch, and what it leaves as it is shows it.
+void Smear(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  const LONG left = (client.right - kSmearSide) / 2;
+  const LONG top = (client.bottom - kSmearSide) / 2;
+  const RECT patch{left, top, left + kSmearSide, top + kSmearSide};
+  const HDC dc = GetDC(window);
+  const HBRUSH brush = CreateSolidBrush(kSmearColor);
+  FillRect(dc, &patch, brush);
+  DeleteObject(brush);
+  ReleaseDC(window, dc);
+}
+
 void Answer(ProbeBoard& board, HWND window, ProbeQuery query) {
   board.Lines[0] = '\0';
   switch (query) {
@@ -71,6 +85,9 @@ void Answer(ProbeBoard& board, HWND window, ProbeQuery query) {
       break;
     case ProbeQuery::NeedsPaint:
       board.NeedsPaint = GetUpdateRect(window, nullptr, FALSE);
+      break;
+    case ProbeQuery::Smear:
+      Smear(window);
       break;
   }
   InterlockedIncrement(&board.Answers);

@@ -20,7 +20,12 @@ enum class ProbeQuery : WPARAM {
   SystemMenu = 2,      // its system menu, as lines
   VerticalScroll = 3,  // its vertical scroll bar
   NeedsPaint = 4,      // whether some of it waits to be painted
+  Smear = 5,           // no question: paints over the middle of its client area
 };
+
+// A green that nothing of the program has, and the sides of what is smeared, pixels.
+inline constexpr COLORREF kSmearColor = RGB(0, 0xA0, 0);
+inline constexpr int kSmearSide = 40;
 
 /// Of a vertical scroll bar; places are on the screen, the thumb's in pixels from the bar's top.
 struct ScrollAnswer {

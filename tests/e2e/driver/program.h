@@ -97,6 +97,12 @@ class Program {
   /// Waits until what was posted is done and nothing of the window waits to be painted.
   void Settle(Window view) const;
 
+  /// Leaves a patch of paint in the middle of a view, which stays there until the program draws the
+  /// view anew. Waits until it can be seen.
+  void Smear(Window view) const;
+  /// Whether a picture of a view shows some of the patch.
+  static bool IsSmeared(const Picture& picture);
+
   /// Moves and sizes the frame and waits until it stays there: a window manager may answer with
   /// sizes that are already past.
   void PlaceFrame(const Rect& place) const;

@@ -102,6 +102,25 @@ void Program::Settle(Window view) const {
         [&] { return !inside_->NeedsPaint(view); });
 }
 
+namespace {
+
+constexpr std::uint32_t kSmear = static_cast<std::uint32_t>(GetRValue(kSmearColor)) << 16 |
+                                 static_cast<std::uint32_t>(GetGValue(kSmearColor)) << 8 |
+                                 static_cast<std::uint32_t>(GetBValue(kSmearColor));
+
+}  // namespace
+
+void Program::Smear(Window view) const {
+  Settle(view);
+  inside_->Smear(view);
+  Await("the patch of paint to be seen",
+        [&] { return TakeScreen(view.ClientArea()).Count(kSmear) == kSmearSide * kSmearSide; });
+}
+
+bool Program::IsSmeared(const Picture& picture) {
+  return picture.Count(kSmear) > 0;
+}
+
 void Program::PlaceFrame(const Rect& place) const {
   constexpr int kLooks = 40;
   int looks = 0;
