@@ -18,9 +18,6 @@ namespace {
 
 // --- Samples -------------------------------------------------------------------------------------
 
-/// The kernel reaches so many widths to either side.
-constexpr double kReach = 3.0;
-
 /// The weight of a Gaussian between `lower` and `upper`, in widths of the kernel from its middle.
 /// It is negative for `lower` below `upper`, and twice what the Gaussian has; the whole weight of
 /// the kernel is taken the same way, so that both cancel out. Almost all of the time that samples
@@ -28,6 +25,12 @@ constexpr double kReach = 3.0;
 double ErfcDifference(double lower, double upper) {
   const Pair atEdges = ComplementaryErf(Pair(lower, upper));
   return atEdges.Second() - atEdges.First();
+}
+
+/// Where the kernel is cut off, in its widths. Not the bare constant: the same rounding here and
+/// where times are compared is what makes a level that covers the whole kernel count exactly 1.
+double CutOff(const StationaritySettings& plot) {
+  return kKernelReach * plot.Tau / plot.Tau;
 }
 
 double Contribution(StationarityType type, const LevelRecord& level) {
@@ -67,15 +70,15 @@ FirstSample FindFirstSample(double start, double reach, double step) {
 
 /// Adds `value` to every sample, by the part of the kernel's weight that the level covers.
 void AddLevel(StationaritySettings& plot, const LevelRecord& level, double value) {
-  const double reach = kReach * plot.Tau;
-  const double limit = reach / plot.Tau;
+  const double reach = kKernelReach * plot.Tau;
+  const double cutOff = CutOff(plot);
   const double step = plot.TickSpacing / plot.TickPixels;
   const double start = level.Transition;
   const double end = start + level.Duration;
   auto [place, time] = FindFirstSample(start, reach, step);
   for (; end > time - reach && place < plot.SampleCount; ++place, time += step) {
-    const double lower = time - reach <= start ? (start - time) / plot.Tau : -limit;
-    const double upper = end < time + reach ? (end - time) / plot.Tau : limit;
+    const double lower = time - reach <= start ? (start - time) / plot.Tau : -cutOff;
+    const double upper = end < time + reach ? (end - time) / plot.Tau : cutOff;
     plot.StationaritySamples[place] += ErfcDifference(lower, upper) * value;
   }
 }
@@ -85,14 +88,14 @@ void AddLevels(StationaritySettings& plot, const LevelTable& levels) {
     const LevelRecord& level = *levels.Index[index];
     if (level.LevelFlags != 0 || !(level.Transition < plot.ShortestSweep)) continue;
     const double value = Contribution(plot.Type, level);
-    if (value != 0.0) AddLevel(plot, level, value);
+    if (value != 0.0) AddLevel(plot, level, value);  // half of all levels may be closings
   }
 }
 
 /// Makes averages of the sums.
 void Normalize(StationaritySettings& plot, std::int32_t sweepCount) {
-  const double reach = kReach * plot.Tau / plot.Tau;
-  double whole = ErfcDifference(-reach, reach);
+  const double cutOff = CutOff(plot);
+  double whole = ErfcDifference(-cutOff, cutOff);
   if (sweepCount != 0) whole *= sweepCount;
   plot.ValueMin = std::numeric_limits<double>::max();
   plot.ValueMax = std::numeric_limits<double>::lowest();
@@ -107,17 +110,19 @@ void Normalize(StationaritySettings& plot, std::int32_t sweepCount) {
 /// How many device units of the time axis see the whole kernel; 0 when the shortest sweep is
 /// shorter than it.
 std::int32_t CountSamples(const StationaritySettings& plot) {
-  const double span = plot.ShortestSweep - 2.0 * kReach * plot.Tau;
+  const double span = plot.ShortestSweep - 2.0 * kKernelReach * plot.Tau;
   if (!(plot.Tau > 0.0) || !(span >= 0.0)) return 0;
   return TruncateToInteger(WholeUnits(span * plot.TickPixels / plot.TickSpacing));
 }
 
 // --- Axes ----------------------------------------------------------------------------------------
 
+/// What rounding may do to a value, as a fraction of it: samples are sums over many levels.
+constexpr double kRounding = 1e-9;
+
 /// `value` in steps of an axis, a whole number also where rounding alone made it none: an average
 /// that came out a bit above 1 is no reason for an axis up to 2.
 double InSteps(double value, double step) {
-  constexpr double kRounding = 1e-9;  // of a step, or of many
   const double steps = value / step;
   const double nearest = std::round(steps);
   const double rounding = kRounding * std::max(std::fabs(steps), 1.0);
@@ -135,7 +140,8 @@ double TickOfValues(double lowest, double highest) {
   constexpr double kLeastTicks = 3.0;
   const double spread = highest - lowest;
   const double size = std::max(std::fabs(highest), std::fabs(lowest));
-  if (spread != 0.0 && kSmallSpread * size < spread) return AxisStep(spread / kLeastTicks);
+  if (spread != 0.0 && kSmallSpread * size * (1.0 + kRounding) < spread)
+    return AxisStep(spread / kLeastTicks);
   return highest == 0.0 ? 1.0 : AxisStep(std::fabs(highest));
 }
 
@@ -171,7 +177,7 @@ bool SampleStationarity(Workspace& workspace) {
 void ScaleValueAxis(StationaritySettings& plot, double plotHeight) {
   const double tick = TickOfValues(plot.ValueMin, plot.ValueMax);
   plot.ValueTick = tick;
-  plot.ValueMin = std::floor(InSteps(plot.ValueMin, tick)) * tick;
+  plot.ValueMin = std::floor(InSteps(plot.ValueMin, tick)) * tick + 0.0;  // not minus zero
   const double span = plot.ValueMax - plot.ValueMin;
   const double intervals = std::max(std::ceil(InSteps(span, tick)), 1.0);
   plot.ValueTickPixels = WholeUnits(plotHeight / intervals);

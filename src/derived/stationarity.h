@@ -9,11 +9,15 @@
 
 namespace ondrel {
 
+/// How far the kernel reaches to either side, in widths `Tau`.
+inline constexpr double kKernelReach = 3.0;
+
 // The three steps to a plot, in their order.
 
 /// Divides the duration of the shortest selected sweep into ticks of a plot `plotWidth` device
 /// units wide. Where the number at the end of the axis, in the font selected into `device`, is
-/// wider than a tick, there are half as many ticks.
+/// wider than a tick, there are half as many ticks, rounded up; its decimals stay those of the
+/// narrower ticks.
 void ScaleTimeAxis(StationaritySettings& plot, double plotWidth, const DeviceRecord& device);
 
 /// Replaces the samples by those for the time axis as it is scaled now, and `ValueMin` and

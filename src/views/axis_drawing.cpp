@@ -25,6 +25,26 @@ void DrawAxisLine(AxisDrawing& axis, double x1, double y1, double x2, double y2)
   DrawLine(axis.Target, x1, y1, x2, y2);
 }
 
+void DrawHorizontalLine(AxisDrawing& axis) {
+  const GraphFrame& frame = axis.Frame;
+  DrawAxisLine(axis, frame.PlotLeft, frame.PlotBottom, frame.PlotRight, frame.PlotBottom);
+}
+
+void DrawVerticalLine(AxisDrawing& axis) {
+  const GraphFrame& frame = axis.Frame;
+  DrawAxisLine(axis, frame.PlotLeft, frame.PlotTop, frame.PlotLeft, frame.PlotBottom);
+}
+
+void DrawTickBelow(AxisDrawing& axis, double x, double length) {
+  const double bottom = axis.Frame.PlotBottom;
+  DrawAxisLine(axis, x, bottom, x, bottom + length);
+}
+
+void DrawTickBeside(AxisDrawing& axis, double y, double length) {
+  const double left = axis.Frame.PlotLeft;
+  DrawAxisLine(axis, left, y, left - length, y);
+}
+
 void DrawAxisTitle(AxisDrawing& axis, const GraphPlace& place, const char* text) {
   if (!axis.ShowLabels) return;
   UseLabelColor(axis);

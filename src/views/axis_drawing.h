@@ -40,8 +40,14 @@ struct AxisDrawing {
   AxisPart InForce = AxisPart::None;  // whose colour was set last
 };
 
-/// Lines and ticks.
+/// Any line of an axis.
 void DrawAxisLine(AxisDrawing& axis, double x1, double y1, double x2, double y2);
+/// The axes themselves: the lower and the left edge of the plot.
+void DrawHorizontalLine(AxisDrawing& axis);
+void DrawVerticalLine(AxisDrawing& axis);
+/// Ticks go outward from the plot.
+void DrawTickBelow(AxisDrawing& axis, double x, double length);
+void DrawTickBeside(AxisDrawing& axis, double y, double length);
 /// A title that begins at `place`.
 void DrawAxisTitle(AxisDrawing& axis, const GraphPlace& place, const char* text);
 

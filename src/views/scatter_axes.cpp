@@ -21,27 +21,6 @@ const char* TitleOf(ScatterValue value) {
   return "Sweep Relevant Value";
 }
 
-void DrawHorizontalLine(AxisDrawing& axis) {
-  const GraphFrame& frame = axis.Frame;
-  DrawAxisLine(axis, frame.PlotLeft, frame.PlotBottom, frame.PlotRight, frame.PlotBottom);
-}
-
-void DrawVerticalLine(AxisDrawing& axis) {
-  const GraphFrame& frame = axis.Frame;
-  DrawAxisLine(axis, frame.PlotLeft, frame.PlotTop, frame.PlotLeft, frame.PlotBottom);
-}
-
-/// Ticks go outward from the plot.
-void DrawTickBelow(AxisDrawing& axis, double x, double length) {
-  const double bottom = axis.Frame.PlotBottom;
-  DrawAxisLine(axis, x, bottom, x, bottom + length);
-}
-
-void DrawTickBeside(AxisDrawing& axis, double y, double length) {
-  const double left = axis.Frame.PlotLeft;
-  DrawAxisLine(axis, left, y, left - length, y);
-}
-
 // --- The logarithmic axis ------------------------------------------------------------------------
 
 /// What a logarithmic axis does in its direction. Offsets count from its start.

@@ -33,19 +33,24 @@ bool HasSamples(const StationaritySettings& plot) {
   return plot.SampleCount > 0;
 }
 
+/// A plot that is very low has no room for a step of the axis.
+bool HasValueScale(const StationaritySettings& plot) {
+  return HasSamples(plot) && plot.ValueTickPixels > 0.0;
+}
+
 // --- Axes ----------------------------------------------------------------------------------------
 
 /// The distances of this view come from its height, `height`, on both axes.
 void DrawTimeAxis(AxisDrawing& axis, double height, const StationaritySettings& plot) {
   const GraphFrame& frame = axis.Frame;
   DrawAxisTitle(axis, HorizontalTitlePlace(frame, height), "Time (s)");
-  DrawAxisLine(axis, frame.PlotLeft, frame.PlotBottom, frame.PlotRight, frame.PlotBottom);
-  if (!HasSamples(plot)) return;
+  DrawHorizontalLine(axis);
+  if (!HasSamples(plot) || !(plot.TickPixels > 0.0)) return;
   double time = 0.0;
   for (std::int32_t k = 0; k < kMostTicks; ++k) {
     const double x = frame.PlotLeft + k * plot.TickPixels;
     if (LiesBeyond(x, frame.PlotRight)) return;
-    DrawAxisLine(axis, x, frame.PlotBottom, x, frame.PlotBottom + MajorTickLength(height));
+    DrawTickBelow(axis, x, MajorTickLength(height));
     char text[kNumberTextSize] = "";
     RealText(time, plot.TimeDecimals, 'f', text);
     DrawNumberFrom(axis, x, frame.PlotBottom + NumberDistance(height), text);
@@ -78,12 +83,11 @@ void ValueText(StationarityType type, double value, char* text) {
 
 void DrawSampleTicks(AxisDrawing& axis, double height, const StationaritySettings& plot) {
   const GraphFrame& frame = axis.Frame;
-  if (!(plot.ValueTickPixels > 0.0)) return;
   double value = plot.ValueMin;
   for (std::int32_t k = 0; k < kMostTicks; ++k) {
     const double y = frame.PlotBottom - k * plot.ValueTickPixels;
     if (LiesBeyond(frame.PlotTop, y)) return;
-    DrawAxisLine(axis, frame.PlotLeft, y, frame.PlotLeft - MajorTickLength(height), y);
+    DrawTickBeside(axis, y, MajorTickLength(height));
     char text[kNumberTextSize] = "";
     ValueText(plot.Type, NumberOfAxis(value, plot.ValueMin), text);
     DrawNumberUpTo(axis, VerticalNumberEnd(frame), y, text);
@@ -92,20 +96,20 @@ void DrawSampleTicks(AxisDrawing& axis, double height, const StationaritySetting
 }
 
 void DrawSampleAxis(AxisDrawing& axis, double height, const StationaritySettings& plot) {
-  const GraphFrame& frame = axis.Frame;
-  DrawAxisTitle(axis, VerticalTitlePlace(frame), TitleOf(plot.Type));
-  DrawAxisLine(axis, frame.PlotLeft, frame.PlotTop, frame.PlotLeft, frame.PlotBottom);
-  if (HasSamples(plot)) DrawSampleTicks(axis, height, plot);
+  DrawAxisTitle(axis, VerticalTitlePlace(axis.Frame), TitleOf(plot.Type));
+  DrawVerticalLine(axis);
+  if (HasValueScale(plot)) DrawSampleTicks(axis, height, plot);
 }
 
 // --- Curve ---------------------------------------------------------------------------------------
 
 /// One sample for each device unit.
 void DrawCurve(const Drawing& drawing, const ViewState& view, const StationaritySettings& plot) {
-  if (!HasSamples(plot) || !(plot.ValueTickPixels > 0.0)) return;
+  if (!HasValueScale(plot)) return;
   const GraphFrame& frame = view.Frame;
   const double scale = plot.ValueTickPixels / plot.ValueTick;
-  const double start = frame.PlotLeft + 3.0 * plot.Tau * plot.TickPixels / plot.TickSpacing;
+  const double start =
+      frame.PlotLeft + kKernelReach * plot.Tau * plot.TickPixels / plot.TickSpacing;
   const auto yOf = [&](std::int32_t place) {
     return plot.ValueMin * scale + frame.PlotBottom - scale * plot.StationaritySamples[place];
   };

@@ -14,7 +14,6 @@
 namespace ondrel {
 namespace {
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 /// Up to here, either way, powers are the reals nearest to them with every runtime.
 constexpr int kLastExactPower = 22;
 
@@ -24,10 +23,10 @@ double Decimal(int digit, int exponent) {
 }
 
 double JustBelow(double value) {
-  return std::nextafter(value, 0.0);
+  return value * (1.0 - 1e-6);
 }
 double JustAbove(double value) {
-  return std::nextafter(value, kInfinity);
+  return value * (1.0 + 1e-6);
 }
 
 TEST(AxisStepTest, FromOneOnItIsTheLargestOfOneTwoAndFiveThatIsNotAbove) {
@@ -73,7 +72,7 @@ TEST(AxisStepTest, APowerIsItsOwnStepWhateverTheRuntimesLogarithmSays) {
   }
 }
 
-TEST(AxisStepTest, FromOneOnAStepBeginsExactlyAtItsNumber) {
+TEST(AxisStepTest, FromOneOnAStepBeginsAtItsNumber) {
   for (int e = 0; e <= kLastExactPower; ++e) {
     const double one = Decimal(1, e);
     const double two = Decimal(2, e);
@@ -89,7 +88,7 @@ TEST(AxisStepTest, FromOneOnAStepBeginsExactlyAtItsNumber) {
   }
 }
 
-TEST(AxisStepTest, BelowOneAStepEndsExactlyAtItsPower) {
+TEST(AxisStepTest, BelowOneAStepEndsAtItsPower) {
   for (int e = -kLastExactPower; e < 0; ++e) {
     const double power = Decimal(1, e);
     const double next = Decimal(1, e + 1);
@@ -98,6 +97,22 @@ TEST(AxisStepTest, BelowOneAStepEndsExactlyAtItsPower) {
     EXPECT_EQ(AxisStep(Decimal(2, e)), next) << e;
     EXPECT_EQ(AxisStep(Decimal(5, e)), next) << e;
     EXPECT_EQ(AxisStep(JustBelow(next)), next) << e;
+  }
+}
+
+TEST(AxisStepTest, WhatRoundingMovedOffAStepStillStandsOnIt) {
+  EXPECT_GT(5e-6 / 5.0, 1e-6);
+  EXPECT_EQ(AxisStep(5e-6 / 5.0), 1e-6);
+  EXPECT_GT(0.3 / 3.0 + 1e-16, 0.1);
+  EXPECT_EQ(AxisStep((0.4 - 0.1) / 3.0 + 1e-16), 0.1);
+  for (const double sign : {-1.0, 1.0}) {
+    for (int e = -kLastExactPower; e <= kLastExactPower; ++e) {
+      EXPECT_EQ(AxisStep(Decimal(1, e) * (1.0 + sign * 1e-10)), Decimal(1, e)) << e;
+    }
+    for (int e = 0; e <= kLastExactPower; ++e) {
+      EXPECT_EQ(AxisStep(Decimal(2, e) * (1.0 + sign * 1e-10)), Decimal(2, e)) << e;
+      EXPECT_EQ(AxisStep(Decimal(5, e) * (1.0 + sign * 1e-10)), Decimal(5, e)) << e;
+    }
   }
 }
 

@@ -214,6 +214,12 @@ TEST_F(ValueAxisTest, ASpreadOfATenthOfTheValuesIsLittle) {
   ExpectAxis(8.0, 1.0, 200.0);
 }
 
+TEST_F(ValueAxisTest, ASpreadOfATenthButForRoundingIsLittleToo) {
+  ASSERT_GT(2e-9 - 1.8e-9, 0.1 * 2e-9);
+  Scale(1.8e-9, 2e-9);
+  ExpectAxis(0.0, 1e-8, 400.0);
+}
+
 TEST_F(ValueAxisTest, TheTenthIsOneOfTheLargerMagnitude) {
   Scale(-10.0, -9.0);
   ExpectAxis(-10.0, 5.0, 400.0);
@@ -244,6 +250,7 @@ TEST_F(ValueAxisTest, ValuesThatAreAllZeroHaveTheTickOne) {
   ExpectAxis(0.0, 1.0, 400.0);
   Scale(-0.0, -0.0);
   ExpectAxis(0.0, 1.0, 400.0);
+  EXPECT_FALSE(std::signbit(plot().ValueMin));
 }
 
 TEST_F(ValueAxisTest, AHighestValueOfZeroAboveNegativeOnesHasASpread) {

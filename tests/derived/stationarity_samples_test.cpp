@@ -7,6 +7,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <random>
 #include <vector>
 
@@ -183,7 +184,7 @@ TEST_F(StationaritySamplesTest, AFinerPictureHasTheSameCurve) {
 
 // --- Rounding ------------------------------------------------------------------------------------
 
-/// As it is told, one error function at a time.
+/// Step by step, one error function at a time.
 std::vector<double> PlainSamples(const StationaritySettings& plot, const LevelTable& levels,
                                  std::int32_t sweeps, std::size_t count) {
   const double reach = 3.0 * plot.Tau;
@@ -227,6 +228,24 @@ TEST_F(StationaritySamplesTest, WhatMakesSamplesFastDoesNotChangeTheirBits) {
     EXPECT_EQ(std::bit_cast<std::uint64_t>(samples[k]), std::bit_cast<std::uint64_t>(plain[k]))
         << k;
   }
+}
+
+TEST_F(StationaritySamplesTest, ATypeThatDoesNotExistAddsLevelNumbers) {
+  UseTimeAxis(1.0, 0.1, 0.1);
+  AddDwell(0.0, 1.0, 3);
+  plot().Type = static_cast<StationarityType>(9);
+  for (const double sample : Sample()) EXPECT_DOUBLE_EQ(sample, 3.0);
+  EXPECT_GT(plot().SampleCount, 0);
+}
+
+TEST_F(StationaritySamplesTest, AnAmplitudeThatIsNoNumberSpoilsTheSamplesAndNothingElse) {
+  UseTimeAxis(1.0, 0.1, 0.1);
+  AddDwell(0.0, 1.0).Amplitude = std::numeric_limits<double>::quiet_NaN();
+  plot().Type = StationarityType::Amplitude;
+  for (const double sample : Sample()) EXPECT_TRUE(std::isnan(sample));
+  ScaleValueAxis(plot(), 400.0);
+  EXPECT_TRUE(std::isfinite(plot().ValueTick));
+  EXPECT_TRUE(std::isfinite(plot().ValueTickPixels));
 }
 
 }  // namespace

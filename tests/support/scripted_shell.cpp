@@ -60,6 +60,7 @@ void* AllocateZeroed(std::size_t count, std::size_t size) {
 void FreeMemory(void* memory) {
   if (memory == nullptr) return;
   --TheShell().LiveAllocations;
+  if (auto* const freed = TheShell().Freed) freed->push_back(memory);
   std::free(memory);
 }
 

@@ -135,6 +135,7 @@ struct Shell {
   Fault CreateFrame;
   Fault CreateChild;
   int LiveAllocations = 0;
+  std::vector<const void*>* Freed = nullptr;  // takes the addresses that are freed, in their order
   int OpenFiles = 0;
   int OpenDevices = 0;    // acquired and not released
   int DeviceObjects = 0;  // pens, brushes and fonts that device records own

@@ -104,6 +104,36 @@ TEST_F(WorkspaceTest, FreeingAllTablesTwiceLeavesSettingsAsTheyWere) {
   }
 }
 
+TEST_F(WorkspaceTest, TablesAreFreedInTheirOrder) {
+  ASSERT_TRUE(AllocateAllTables(Frame()));
+  Workspace& w = workspace();
+  w.Amplitude.Bins = toolkit::AllocateRecords<BinRecord>(1);
+  w.Duration.Bins = toolkit::AllocateRecords<BinRecord>(1);
+  w.Stationarity.StationaritySamples = toolkit::AllocateRecords<double>(1);
+  w.Statistics.Rows = toolkit::AllocateRecords<StatisticsRow>(1);
+  w.Sweeps.Count = 1;
+  w.Sweeps.Index[0]->SegmentCount = 1;
+  w.Sweeps.Index[0]->Segments = toolkit::AllocateRecords<SegmentRecord>(1);
+  const std::vector<const void*> expected = {w.Events.Index,
+                                             w.Events.Records,
+                                             w.Levels.Index,
+                                             w.Levels.Records,
+                                             w.Amplitude.Bins,
+                                             w.Duration.Bins,
+                                             w.Stationarity.StationaritySamples,
+                                             w.Statistics.Rows,
+                                             w.Sweeps.Index[0]->Segments,
+                                             w.Sweeps.Index,
+                                             w.Sweeps.Records,
+                                             w.Files.Index,
+                                             w.Files.Records};
+  std::vector<const void*> freed;
+  shell().Freed = &freed;
+  FreeAllTables(w);
+  shell().Freed = nullptr;
+  EXPECT_EQ(freed, expected);
+}
+
 TEST_F(WorkspaceTest, AResetGivesTheSettingsTheirDefaultsAndLeavesStorageAlone) {
   ASSERT_TRUE(AllocateAllTables(Frame()));
   const EventRecord* const records = workspace().Events.Records;
