@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <utility>
 
 #include "shell/window_record.h"
@@ -45,6 +46,17 @@ struct FileHandle {
 /// Fewer bytes than asked for is a failure.
 [[nodiscard]] std::int32_t ReadBytes(FileHandle file, void* buffer, std::size_t bytes);
 std::int32_t CloseFile(FileHandle file);
+
+/// Makes an empty file, in place of the one that stands there.
+[[nodiscard]] std::int32_t CreateEmptyFile(const char* path);
+/// A file that is there, from its start on. What it holds stays but for what is written over.
+[[nodiscard]] std::int32_t OpenFileForWriting(const char* path, FileHandle* file);
+/// Fewer bytes than asked for is a failure.
+[[nodiscard]] std::int32_t WriteBytes(FileHandle file, const void* bytes, std::size_t count);
+std::int32_t RemoveFile(const char* path);
+/// The path of the file `name` in `folder` of the user's place for the data of programs, into
+/// `path` of kPathSize bytes. The folder is made when it is missing; the file need not be there.
+[[nodiscard]] std::int32_t FindUserFile(const char* folder, const char* name, char* path);
 
 // --- Boxes and dialogs ------------------------------------------------------------------------
 
@@ -94,6 +106,11 @@ int RunDialog(FrameWindow* frame, int resource, const DialogOperations& operatio
 bool SetControlText(DialogRecord& dialog, int control, const char* text);
 void GetControlText(DialogRecord& dialog, int control, char* text, std::size_t size);
 bool SetChecked(DialogRecord& dialog, int control, bool checked);
+/// Fills a drop-down list and shows the text at place `shown`, from 0. False when the control
+/// fails.
+bool FillList(DialogRecord& dialog, int control, std::span<const char* const> texts, int shown);
+/// The place, from 0, of the text that the list shows.
+[[nodiscard]] int ReadList(DialogRecord& dialog, int control);
 void EnableControl(DialogRecord& dialog, int control, bool enabled);
 
 // --- Windows --------------------------------------------------------------------------------

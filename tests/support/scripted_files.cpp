@@ -2,6 +2,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 
 #include "support/scripted_shell.h"
 #include "workspace/records.h"
@@ -12,7 +14,12 @@ using scripted::TheShell;
 
 namespace {
 
-constexpr std::int32_t kReadFault = 23;  // as the platform says "data error"
+// Error codes as the platform has them.
+constexpr std::int32_t kNoFile = 2;
+constexpr std::int32_t kNoPath = 3;
+constexpr std::int32_t kNoAccess = 5;
+constexpr std::int32_t kReadFault = 23;
+constexpr std::int32_t kDiskFull = 112;
 
 struct TextRow {
   int Id;
@@ -39,9 +46,9 @@ void LoadText(int id, char* buffer, std::size_t size) {
 }
 
 std::int32_t OpenFileForReading(const char* path, FileHandle* file) {
-  if (TheShell().Open.Strikes()) return 5;
+  if (TheShell().Open.Strikes()) return kNoAccess;
   std::FILE* stream = std::fopen(path, "rb");
-  if (stream == nullptr) return errno == ENOENT ? 2 : 5;
+  if (stream == nullptr) return errno == ENOENT ? kNoFile : kNoAccess;
   ++TheShell().OpenFiles;
   file->Handle = stream;
   return 0;
@@ -69,7 +76,45 @@ std::int32_t ReadBytes(FileHandle file, void* buffer, std::size_t bytes) {
 std::int32_t CloseFile(FileHandle file) {
   if (file.Handle == nullptr) return 0;
   --TheShell().OpenFiles;
-  return std::fclose(static_cast<std::FILE*>(file.Handle)) == 0 ? 0 : kReadFault;
+  const bool closed = std::fclose(static_cast<std::FILE*>(file.Handle)) == 0;
+  return closed && !TheShell().Close.Strikes() ? 0 : kReadFault;
+}
+
+std::int32_t CreateEmptyFile(const char* path) {
+  if (TheShell().Create.Strikes()) return kNoAccess;
+  std::FILE* stream = std::fopen(path, "wb");
+  if (stream == nullptr) return errno == ENOENT ? kNoPath : kNoAccess;
+  std::fclose(stream);
+  return 0;
+}
+
+std::int32_t OpenFileForWriting(const char* path, FileHandle* file) {
+  if (TheShell().OpenForWriting.Strikes()) return kNoAccess;
+  std::FILE* stream = std::fopen(path, "r+b");
+  if (stream == nullptr) return errno == ENOENT ? kNoFile : kNoAccess;
+  ++TheShell().OpenFiles;
+  file->Handle = stream;
+  return 0;
+}
+
+std::int32_t WriteBytes(FileHandle file, const void* bytes, std::size_t count) {
+  if (TheShell().Write.Strikes()) return kDiskFull;
+  const std::size_t put = std::fwrite(bytes, 1, count, static_cast<std::FILE*>(file.Handle));
+  return put == count ? 0 : kDiskFull;
+}
+
+std::int32_t RemoveFile(const char* path) {
+  return std::remove(path) == 0 ? 0 : kNoFile;
+}
+
+std::int32_t FindUserFile(const char* folder, const char* name, char* path) {
+  if (TheShell().UserFolder.empty() || TheShell().UserFolderFault.Strikes()) return kNoPath;
+  const std::filesystem::path place = std::filesystem::path(TheShell().UserFolder) / folder;
+  std::error_code failure;
+  std::filesystem::create_directory(place, failure);
+  if (failure) return kNoAccess;
+  CopyText((place / name).string().c_str(), path, kPathSize);
+  return 0;
 }
 
 BoxAnswer ShowBox(FrameWindow* frame, const char* text, BoxButtons buttons, BoxIcon icon,
@@ -124,6 +169,11 @@ void OpenDialog::Type(int control, const std::string& text) {
   Command(control);
 }
 
+void OpenDialog::Choose(int control, int place) {
+  At(control).Shown = place;
+  Command(control);
+}
+
 void OpenDialog::Escape() {
   Command(operations_.CancelControl);
 }
@@ -169,6 +219,18 @@ void GetControlText(DialogRecord& dialog, int control, char* text, std::size_t s
 bool SetChecked(DialogRecord& dialog, int control, bool checked) {
   DialogOf(dialog).At(control).Checked = checked;
   return true;
+}
+
+bool FillList(DialogRecord& dialog, int control, std::span<const char* const> texts, int shown) {
+  if (TheShell().ControlText.Strikes()) return false;
+  scripted::Control& list = DialogOf(dialog).At(control);
+  list.Texts.assign(texts.begin(), texts.end());
+  list.Shown = shown;
+  return true;
+}
+
+int ReadList(DialogRecord& dialog, int control) {
+  return DialogOf(dialog).At(control).Shown;
 }
 
 void EnableControl(DialogRecord& dialog, int control, bool enabled) {

@@ -44,6 +44,8 @@ struct Control {
   std::string Text;
   bool Checked = false;
   bool Enabled = true;
+  std::vector<std::string> Texts;  // of a list
+  int Shown = -1;                  // place of the text that a list shows
 };
 
 /// A dialog while it is open: a script acts on it as a user would.
@@ -59,6 +61,8 @@ class OpenDialog {
   void Initialize();
   /// Replaces the text of a field, as typing does.
   void Type(int control, const std::string& text);
+  /// Chooses the text at this place, from 0, in a list.
+  void Choose(int control, int place);
   /// Presses a button or a check box; a disabled one takes no notice.
   void Press(int control);
   /// The key, or the close box.
@@ -131,14 +135,20 @@ struct Shell {
   Fault Size;
   Fault Seek;
   Fault Read;
+  Fault Create;
+  Fault OpenForWriting;
+  Fault Write;
+  Fault Close;  // the file is closed all the same
+  Fault UserFolderFault;
   Fault ControlText;
   Fault CreateFrame;
   Fault CreateChild;
   int LiveAllocations = 0;
   std::vector<const void*>* Freed = nullptr;  // takes the addresses that are freed, in their order
   int OpenFiles = 0;
-  int OpenDevices = 0;    // acquired and not released
-  int DeviceObjects = 0;  // pens, brushes and fonts that device records own
+  std::string UserFolder;  // where the folders of programs are; empty: there is none
+  int OpenDevices = 0;     // acquired and not released
+  int DeviceObjects = 0;   // pens, brushes and fonts that device records own
 
   std::vector<std::string> Drawing;  // one line a call
   std::vector<std::string> Windows;  // one line for each thing done to a window

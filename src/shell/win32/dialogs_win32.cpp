@@ -110,6 +110,18 @@ bool SetChecked(DialogRecord& dialog, int control, bool checked) {
                         static_cast<UINT>(checked ? BST_CHECKED : BST_UNCHECKED)) != FALSE;
 }
 
+bool FillList(DialogRecord& dialog, int control, std::span<const char* const> texts, int shown) {
+  HWND list = GetDlgItem(HandleOf(dialog), control);
+  for (const char* text : texts) {
+    if (SendMessageA(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text)) < 0) return false;
+  }
+  return SendMessageA(list, CB_SETCURSEL, static_cast<WPARAM>(shown), 0) != CB_ERR;
+}
+
+int ReadList(DialogRecord& dialog, int control) {
+  return static_cast<int>(SendDlgItemMessageA(HandleOf(dialog), control, CB_GETCURSEL, 0, 0));
+}
+
 void EnableControl(DialogRecord& dialog, int control, bool enabled) {
   EnableWindow(GetDlgItem(HandleOf(dialog), control), enabled ? TRUE : FALSE);
 }
