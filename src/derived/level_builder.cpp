@@ -30,7 +30,7 @@ struct LevelBuild {
 };
 
 bool HasRoom(const LevelBuild& build) {
-  return build.LevelCount < build.Levels.Capacity;
+  return build.LevelCount < RoomOf(build.Levels);
 }
 
 bool IsInRange(const LevelBuild& build, const EventRecord* event) {
@@ -42,7 +42,7 @@ bool IsInRange(const LevelBuild& build, const EventRecord* event) {
 
 /// The instrument delay moves no event, it only cuts off the beginning of the range.
 void SetRange(LevelBuild& build, const SweepRecord& sweep) {
-  if (build.Levels.Range == LevelRange::Sweep) {
+  if (build.Levels.Range != LevelRange::RelevantSegment) {
     build.RangeStart = build.Levels.InstrumentDelay;
     build.RangeEnd = sweep.Duration;
   } else {
@@ -103,7 +103,7 @@ double LevelAmplitudeOf(const LevelBuild& build, const EventRecord& opening) {
 /// An absorbed closing has two events, its own and the one that came back.
 double LevelTagOf(const LevelBuild& build, const EventRecord& opening,
                   std::int32_t absorbedEvents) {
-  if (build.Levels.TagSource == LevelTag::Event) return opening.TagValue;
+  if (build.Levels.TagSource != LevelTag::ClosingCount) return opening.TagValue;
   return static_cast<double>(absorbedEvents / 2);
 }
 
@@ -161,7 +161,7 @@ std::int64_t DistanceFromBase(const LevelBuild& build, std::int32_t level) {
 }
 
 bool IsMultipleOpening(const LevelBuild& build, std::int32_t level) {
-  return build.Levels.MultipleOpenings == OpeningRule::Highest &&
+  return build.Levels.MultipleOpenings != OpeningRule::Fragments &&
          DistanceFromBase(build, level) > 1;
 }
 

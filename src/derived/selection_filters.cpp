@@ -14,9 +14,9 @@ bool FallsOut(Selection choice, Value value, Value low, Value high) {
     case Selection::Include:
       return value < low || value > high;
     case Selection::Exclude:
-      return low <= value && value <= high;
+      break;
   }
-  return false;
+  return low <= value && value <= high;
 }
 
 std::uint32_t FlagIf(bool out, std::uint32_t flag) {
@@ -62,9 +62,9 @@ bool FallsOutByPosition(PositionChoice position, bool isFirst, bool isLast) {
     case PositionChoice::FirstAndLast:
       return !isFirst && !isLast;
     case PositionChoice::Last:
-      return !isLast;
+      break;
   }
-  return false;
+  return !isLast;
 }
 
 std::uint32_t TestLevel(const LevelFilter& filter, const LevelRecord& level) {

@@ -90,9 +90,9 @@ double ReferenceTime(const StatisticsTable& statistics, const SweepTable& sweeps
   for (std::int32_t index = 0; index < sweeps.Count; ++index) {
     const SweepRecord& sweep = *sweeps.Index[index];
     if (sweep.SelectionFlags != 0) continue;
-    time += statistics.Reference == StatisticsReference::Sweep
-                ? sweep.Duration
-                : sweep.RelevantEnd - sweep.RelevantStart;
+    time += statistics.Reference == StatisticsReference::RelevantSegment
+                ? sweep.RelevantEnd - sweep.RelevantStart
+                : sweep.Duration;
   }
   return time;
 }

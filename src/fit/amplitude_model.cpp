@@ -169,7 +169,7 @@ double AmplitudeCurveCount(const AmplitudeHistogram& histogram, double x, std::i
     const double share = Exp(-(distance * distance) / (2.0 * term.StdDev * term.StdDev));
     sum += share * term.Area / (std::sqrt(kTwoPi) * term.StdDev);
   }
-  return sum * histogram.PerTick / histogram.BinsPerTick;
+  return sum * histogram.PerTick / BinsPerTickOf(histogram);
 }
 
 double AmplitudeCurveY(const AmplitudeHistogram& histogram, double x, double bottom, double top,

@@ -26,7 +26,7 @@ constexpr double kShortestFittedDivisor = 6.0;
 /// Once for all: a fit would spend most of its time on these powers.
 void FillEdges(DurationHistogram& histogram) {
   for (std::int64_t i = 0; i <= CountBins(histogram); ++i) {
-    const double decades = static_cast<double>(i) / histogram.BinsPerDecade;
+    const double decades = static_cast<double>(i) / BinsPerDecadeOf(histogram);
     histogram.Edges[i] = PowerOfTen(histogram.MinimumExponent + decades);
   }
 }
@@ -70,9 +70,9 @@ double CorrectDuration(double duration, double filterFrequency) {
 void BuildDurationHistogram(Workspace& workspace) {
   DurationHistogram& histogram = workspace.Duration;
   const std::int64_t binCount = CountBins(histogram);
-  const double binsPerUnit = histogram.BinsPerDecade / std::numbers::ln10;
+  const double binsPerUnit = BinsPerDecadeOf(histogram) / std::numbers::ln10;
   const auto minimum =
-      static_cast<double>(std::int64_t{histogram.BinsPerDecade} * histogram.MinimumExponent);
+      static_cast<double>(std::int64_t{BinsPerDecadeOf(histogram)} * histogram.MinimumExponent);
   if (!ReplaceBins(workspace.Frame, binCount, "duration histogram", &histogram.Bins,
                    &histogram.Edges)) {
     return;

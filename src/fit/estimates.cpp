@@ -61,18 +61,19 @@ double AreaAt(const AmplitudeHistogram& histogram, const GraphFrame& frame, doub
               double rise) {
   const double root = std::sqrt(kTwoPi);
   if (!histogram.SquareRootAxis) {
-    return rise * root * stdDev * histogram.BinsPerTick /
+    return rise * root * stdDev * BinsPerTickOf(histogram) /
            (histogram.PerTick * histogram.PixelsPerCount);
   }
   const double part = rise / (frame.PlotBottom - frame.PlotTop);
   const double tallest = histogram.YMaximum * histogram.YMaximum;
-  return part * part * tallest * root * stdDev * histogram.BinsPerTick / histogram.PerTick;
+  return part * part * tallest * root * stdDev * BinsPerTickOf(histogram) / histogram.PerTick;
 }
 
 double RiseOf(const AmplitudeHistogram& histogram, const GraphFrame& frame,
               const AmplitudeTerm& term) {
   const double root = std::sqrt(kTwoPi);
-  const double count = term.Area * histogram.PerTick / (root * term.StdDev * histogram.BinsPerTick);
+  const double count =
+      term.Area * histogram.PerTick / (root * term.StdDev * BinsPerTickOf(histogram));
   if (!histogram.SquareRootAxis) return count * histogram.PixelsPerCount;
   const double tallest = histogram.YMaximum * histogram.YMaximum;
   return std::sqrt(count / tallest) * (frame.PlotBottom - frame.PlotTop);

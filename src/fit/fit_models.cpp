@@ -166,7 +166,7 @@ std::int32_t CountParameters(const DurationHistogram& histogram) {
 }
 
 std::int32_t StoreTerms(AmplitudeHistogram& histogram, ParameterVector& point) {
-  const double smallest = histogram.PerTick / (histogram.BinsPerTick * kSmallestStdDevsPerBin);
+  const double smallest = histogram.PerTick / (BinsPerTickOf(histogram) * kSmallestStdDevsPerBin);
   std::int32_t status = 0;
   for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
     AmplitudeTerm& term = histogram.Terms[i];

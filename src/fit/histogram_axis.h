@@ -10,19 +10,33 @@
 
 namespace ondrel {
 
-/// Bins on the axis. At least 1, so that there is a width to divide a plot into when a preference
-/// file holds a setting that is not above 0.
+/// The divisions of an axis. At least 1, whatever a preference file holds, so that there is a width
+/// to divide a plot into.
+inline std::int32_t TickMarksOf(const AmplitudeHistogram& histogram) {
+  return std::max(histogram.TickMarks, 1);
+}
+inline std::int32_t BinsPerTickOf(const AmplitudeHistogram& histogram) {
+  return std::max(histogram.BinsPerTick, 1);
+}
+inline std::int32_t DecadesOf(const DurationHistogram& histogram) {
+  return std::max(histogram.Decades, 1);
+}
+inline std::int32_t BinsPerDecadeOf(const DurationHistogram& histogram) {
+  return std::max(histogram.BinsPerDecade, 1);
+}
+
+/// Bins on the axis.
 inline std::int64_t CountBins(const AmplitudeHistogram& histogram) {
-  return std::max<std::int64_t>(std::int64_t{histogram.BinsPerTick} * histogram.TickMarks, 1);
+  return std::int64_t{TickMarksOf(histogram)} * BinsPerTickOf(histogram);
 }
 inline std::int64_t CountBins(const DurationHistogram& histogram) {
-  return std::max<std::int64_t>(std::int64_t{histogram.Decades} * histogram.BinsPerDecade, 1);
+  return std::int64_t{DecadesOf(histogram)} * BinsPerDecadeOf(histogram);
 }
 
 /// Width of a bin, pA. It comes from the settings and not from a layout, so that a fit gives the
 /// same numbers in a window of any size.
 inline double BinWidth(const AmplitudeHistogram& histogram) {
-  return histogram.PerTick / histogram.BinsPerTick;
+  return histogram.PerTick / BinsPerTickOf(histogram);
 }
 
 /// The left edge of a bin, and so the right one of the bin before, pA. What is told of whole
@@ -33,15 +47,15 @@ inline double EdgeOf(const AmplitudeHistogram& histogram, std::int64_t bin) {
 
 /// Width of a bin in decades.
 inline double LogBinWidth(const DurationHistogram& histogram) {
-  return 1.0 / histogram.BinsPerDecade;
+  return 1.0 / BinsPerDecadeOf(histogram);
 }
 
 /// Right end of the axis: pA, and log10 of seconds.
 inline double MaximumOf(const AmplitudeHistogram& histogram) {
-  return histogram.Minimum + histogram.TickMarks * histogram.PerTick;
+  return histogram.Minimum + TickMarksOf(histogram) * histogram.PerTick;
 }
 inline double MaximumOf(const DurationHistogram& histogram) {
-  return static_cast<double>(std::int64_t{histogram.MinimumExponent} + histogram.Decades);
+  return static_cast<double>(std::int64_t{histogram.MinimumExponent} + DecadesOf(histogram));
 }
 
 /// Terms in use, as many as a fit has room for, whatever `TermCount` says.

@@ -62,9 +62,9 @@ bool IsOutOfRange(Selection choice, double low, double high, double lower, doubl
     case Selection::Include:
       return !IncludesBin(low, high, lower, upper);
     case Selection::Exclude:
-      return ExcludesBin(low, high, lower, upper);
+      break;
   }
-  return false;
+  return ExcludesBin(low, high, lower, upper);
 }
 
 double ReadableStep(std::int32_t exponent, double fraction) {

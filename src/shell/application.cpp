@@ -7,10 +7,10 @@
 #include "shell/file_commands.h"
 #include "shell/file_settings_dialog.h"
 #include "shell/menus.h"
+#include "shell/preferences.h"
 #include "shell/toolkit.h"
 #include "views/all_views.h"
 #include "views/live_fit.h"
-#include "workspace/report.h"
 #include "workspace/workspace.h"
 
 namespace ondrel {
@@ -140,7 +140,7 @@ int RunFrame(Workspace& workspace, const FrameCallbacks& callbacks) {
   FrameWindow* frame =
       toolkit::CreateFrame(workspace.Instance, kTitle, workspace.FrameRect, &workspace, &callbacks);
   if (frame == nullptr) return -1;
-  ReportInformation(frame, {TextId::Welcome});
+  RestorePreferences(frame);
   ShowFrame(frame);
   InstallStartMenu(frame);
   LetUserBegin(frame);
@@ -167,6 +167,7 @@ int RunApplication(void* instance) {
 void ExitCommand(FrameWindow* frame) {
   Workspace& workspace = *frame->Owner;
   workspace.Closing = true;
+  SavePreferences(frame);
   CloseViews(workspace);
   FreeAllTables(workspace);
   toolkit::DestroyWindow(frame);

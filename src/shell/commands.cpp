@@ -8,7 +8,11 @@
 #include "shell/file_commands.h"
 #include "shell/file_settings_dialog.h"
 #include "shell/histogram_commands.h"
+#include "shell/histogram_dialogs.h"
+#include "shell/level_dialogs.h"
 #include "shell/menus.h"
+#include "shell/plot_dialogs.h"
+#include "shell/preferences.h"
 #include "views/all_views.h"
 #include "views/fit_views.h"
 #include "views/view_window.h"
@@ -43,9 +47,16 @@ constexpr CommandRecord kCommands[] = {
     {command::kClose, CloseCommand},
     {command::kAdd, AddCommand},
     {command::kImportEvents, ImportCommand},
+    {command::kLoadPreferences, LoadPreferencesCommand},
+    {command::kSavePreferences, SavePreferencesCommand},
     {command::kFileSettings, FileSettingsCommand},
     {command::kExit, ExitCommand},
+    {command::kEvents, EventsCommand},
     {command::kResetFilters, ResetCommand},
+    {command::kSweepFilter, SweepFilterCommand},
+    {command::kLevelFilter, LevelFilterCommand},
+    {command::kPrecedingFilter, PrecedingFilterCommand},
+    {command::kFollowingFilter, FollowingFilterCommand},
     {command::kAmplitudeView, ViewCommand<ViewKind::Amplitude>},
     {command::kAmplitudeScatterView, ViewCommand<ViewKind::AmplitudeScatter>},
     {command::kScatterView, ViewCommand<ViewKind::Scatter>},
@@ -56,12 +67,29 @@ constexpr CommandRecord kCommands[] = {
     {command::kStationarityView, ViewCommand<ViewKind::Stationarity>},
     {command::kStatisticsView, ViewCommand<ViewKind::Statistics>},
     {command::kSweepView, ViewCommand<ViewKind::Sweep>},
+    {command::kLevelTag, LevelTagCommand},
     {command::kAmplitudeAutoscale, AutoscaleAmplitudeCommand},
+    {command::kAmplitudeScaling, AmplitudeScalingCommand},
+    {command::kAmplitudeStyle, AmplitudeStyleCommand},
+    {command::kAmplitudeFitSettings, AmplitudeFitSettingsCommand},
     {command::kAmplitudeManualFit, ManualAmplitudeFit},
     {command::kAmplitudeAutomaticFit, FitAmplitude},
     {command::kDurationAutoscale, AutoscaleDurationCommand},
+    {command::kDurationScaling, DurationScalingCommand},
+    {command::kDurationStyle, DurationStyleCommand},
+    {command::kDurationCorrection, DurationCorrectionCommand},
+    {command::kDurationFitSettings, DurationFitSettingsCommand},
     {command::kDurationManualFit, ManualDurationFit},
     {command::kDurationAutomaticFit, FitDuration},
+    {command::kScatterScaling, ScatterScalingCommand},
+    {command::kScatterStyle, ScatterStyleCommand},
+    {command::kStatisticsSettings, StatisticsSettingsCommand},
+    {command::kAmplitudeScatterScaling, AmplitudeScatterScalingCommand},
+    {command::kAmplitudeScatterStyle, AmplitudeScatterStyleCommand},
+    {command::kDurationScatterScaling, DurationScatterScalingCommand},
+    {command::kDurationScatterStyle, DurationScatterStyleCommand},
+    {command::kStationaritySettings, StationaritySettingsCommand},
+    {command::kStationarityStyle, StationarityStyleCommand},
     {command::kAbout, AboutCommand},
 };
 

@@ -1,60 +1,119 @@
 #include "shell/dialog_fields.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 #include "workspace/number_text.h"
+#include "workspace/truncate.h"
 
 namespace ondrel {
 namespace {
 
-constexpr int kRealDecimals = 2;
-/// Longer input is no number that a setting can hold.
-constexpr std::size_t kFieldTextSize = kNumberTextSize;
+/// A setting on its way through the dialog: reals in `Real`, all others in `Integer`.
+struct FieldValue {
+  std::int32_t Integer = 0;
+  double Real = 0.0;
+};
 
 /// A dialog while it is open.
 struct DialogRun {
   const DialogTable& Table;
-  std::byte* Values;
+  std::array<FieldValue, kMostFields> Stored;  // as the dialog found them
+  std::array<FieldValue, kMostFields> Values;  // the private copy
   std::uint32_t InvalidMask = 0;
 };
 
+// --- The record ----------------------------------------------------------------------------------
+
 template <typename Value>
-Value ReadValue(const DialogRun& run, const DialogField& field) {
+Value Load(const std::byte* place) {
   Value value;
-  std::memcpy(&value, run.Values + field.Offset, sizeof value);
+  std::memcpy(&value, place, sizeof value);
   return value;
 }
 
-template <typename Value>
-void WriteValue(DialogRun& run, const DialogField& field, Value value) {
-  std::memcpy(run.Values + field.Offset, &value, sizeof value);
+FieldValue LoadField(const DialogField& field, const std::byte* settings) {
+  const std::byte* place = settings + field.Offset;
+  switch (field.Kind) {
+    case FieldKind::Integer:
+      return {.Integer = Load<std::int32_t>(place)};
+    case FieldKind::Real:
+      return {.Real = Load<double>(place)};
+    case FieldKind::Check:
+      return {.Integer = Load<bool>(place) ? 1 : 0};
+    case FieldKind::Radio:
+    case FieldKind::List:
+      return {.Integer = Load<std::uint8_t>(place)};
+  }
+  return {};
+}
+
+void StoreField(const DialogField& field, const FieldValue& value, std::byte* settings) {
+  std::byte* place = settings + field.Offset;
+  const auto byte = static_cast<std::uint8_t>(value.Integer);  // also what a flag is
+  switch (field.Kind) {
+    case FieldKind::Integer:
+      std::memcpy(place, &value.Integer, sizeof value.Integer);
+      return;
+    case FieldKind::Real:
+      std::memcpy(place, &value.Real, sizeof value.Real);
+      return;
+    case FieldKind::Check:
+    case FieldKind::Radio:
+    case FieldKind::List:
+      std::memcpy(place, &byte, sizeof byte);
+      return;
+  }
 }
 
 // --- Showing -------------------------------------------------------------------------------------
 
-bool ShowInteger(toolkit::DialogRecord& dialog, int control, std::int32_t value) {
-  char text[kNumberTextSize] = "";
-  IntegerText(value, text);
-  return toolkit::SetControlText(dialog, control, text);
+void NumberText(const DialogField& field, const FieldValue& value, char* text) {
+  if (field.Kind == FieldKind::Integer) {
+    IntegerText(value.Integer, text);
+  } else {
+    RealText(value.Real / field.Form.Unit, field.Form.Decimals, field.Form.Notation, text);
+  }
 }
 
-bool ShowReal(toolkit::DialogRecord& dialog, int control, double value) {
+bool ShowNumber(toolkit::DialogRecord& dialog, const DialogField& field, const FieldValue& value) {
   char text[kNumberTextSize] = "";
-  RealText(value, kRealDecimals, 'f', text);
-  return toolkit::SetControlText(dialog, control, text);
+  NumberText(field, value, text);
+  return toolkit::SetControlText(dialog, field.Control, text);
 }
 
-bool ShowField(toolkit::DialogRecord& dialog, const DialogRun& run, const DialogField& field) {
+bool ShowRadio(toolkit::DialogRecord& dialog, const DialogField& field, const FieldValue& value) {
+  bool shown = true;
+  for (int control = field.Control; control <= field.LastControl; ++control) {
+    const bool checked = control - field.Control == value.Integer;
+    shown = toolkit::SetChecked(dialog, control, checked) && shown;
+  }
+  return shown;
+}
+
+bool ShowField(toolkit::DialogRecord& dialog, const DialogField& field, const FieldValue& value) {
   switch (field.Kind) {
     case FieldKind::Integer:
-      return ShowInteger(dialog, field.Control, ReadValue<std::int32_t>(run, field));
-    case FieldKind::Positive:
-      return ShowReal(dialog, field.Control, ReadValue<double>(run, field));
+    case FieldKind::Real:
+      return ShowNumber(dialog, field, value);
     case FieldKind::Check:
-      return toolkit::SetChecked(dialog, field.Control, ReadValue<bool>(run, field));
+      return toolkit::SetChecked(dialog, field.Control, value.Integer != 0);
+    case FieldKind::Radio:
+      return ShowRadio(dialog, field, value);
+    case FieldKind::List:
+      return toolkit::FillList(dialog, field.Control, field.Texts, value.Integer);
   }
   return false;
+}
+
+/// Choices beyond those of the dialog count as its last one.
+void LimitChoice(const DialogField& field, FieldValue& value) {
+  if (field.Kind == FieldKind::Radio) {
+    value.Integer = std::min(value.Integer, field.LastControl - field.Control);
+  } else if (field.Kind == FieldKind::List) {
+    value.Integer = std::min(value.Integer, static_cast<std::int32_t>(field.Texts.size()) - 1);
+  }
 }
 
 // --- Judging -------------------------------------------------------------------------------------
@@ -65,54 +124,75 @@ void EnableStoring(toolkit::DialogRecord& dialog, const DialogRun& run, bool ena
   }
 }
 
-void MarkField(toolkit::DialogRecord& dialog, DialogRun& run, std::uint32_t bit, bool valid) {
+void MarkField(toolkit::DialogRecord& dialog, DialogRun& run, std::size_t index, bool valid) {
+  const std::uint32_t bit = std::uint32_t{1} << index;
   const std::uint32_t before = run.InvalidMask;
   run.InvalidMask = valid ? before & ~bit : before | bit;
   if (before == 0 && run.InvalidMask != 0) EnableStoring(dialog, run, false);
   if (before != 0 && run.InvalidMask == 0) EnableStoring(dialog, run, true);
 }
 
+bool Takes(const NumberRule& rule, double number) {
+  return number >= rule.Low && number <= rule.High && !(rule.AboveLow && number == rule.Low);
+}
+
 /// An empty field is no number, though the number text of a table reads one as 0.
-bool ReadInteger(const char* text, std::int32_t* value) {
-  return text[0] != '\0' && ParseInteger(value, text) == 0;
-}
-
-bool ReadReal(const char* text, double* value) {
-  return text[0] != '\0' && ParseReal(value, text) == 0;
-}
-
-bool CheckInteger(toolkit::DialogRecord& dialog, DialogRun& run, const DialogField& field) {
-  char text[kFieldTextSize] = "";
-  toolkit::GetControlText(dialog, field.Control, text, sizeof text);
-  std::int32_t value = 0;
-  if (!ReadInteger(text, &value) || value < field.Low || value > field.High) return false;
-  WriteValue(run, field, value);
+bool ReadNumber(const DialogField& field, const char* text, FieldValue& value) {
+  if (text[0] == '\0') return false;
+  if (field.Kind == FieldKind::Integer) {
+    return ParseInteger(&value.Integer, text) == 0 && Takes(field.Rule, value.Integer);
+  }
+  double number = 0.0;
+  if (ParseReal(&number, text) != 0 || !Takes(field.Rule, number)) return false;
+  value.Real = number * field.Form.Unit;
   return true;
 }
 
-bool CheckPositive(toolkit::DialogRecord& dialog, DialogRun& run, const DialogField& field) {
-  char text[kFieldTextSize] = "";
+/// A field shows fewer digits than its setting has: as long as its text is still the same, so is
+/// the setting.
+bool CheckNumber(toolkit::DialogRecord& dialog, DialogRun& run, std::size_t index) {
+  const DialogField& field = run.Table.Fields[index];
+  char text[kNumberTextSize] = "";
+  char former[kNumberTextSize] = "";
   toolkit::GetControlText(dialog, field.Control, text, sizeof text);
-  double value = 0.0;
-  if (!ReadReal(text, &value) || !(value > 0.0)) return false;
-  WriteValue(run, field, value);
+  NumberText(field, run.Stored[index], former);
+  FieldValue value;
+  if (!ReadNumber(field, text, value)) return false;
+  run.Values[index] = std::strcmp(text, former) == 0 ? run.Stored[index] : value;
   return true;
 }
 
-bool ToggleCheck(toolkit::DialogRecord& dialog, DialogRun& run, const DialogField& field) {
-  const bool checked = !ReadValue<bool>(run, field);
-  WriteValue(run, field, checked);
-  return toolkit::SetChecked(dialog, field.Control, checked);
+bool SelectRadio(toolkit::DialogRecord& dialog, DialogRun& run, std::size_t index, int control) {
+  const DialogField& field = run.Table.Fields[index];
+  run.Values[index].Integer = control - field.Control;
+  return ShowRadio(dialog, field, run.Values[index]);
 }
 
-bool CheckField(toolkit::DialogRecord& dialog, DialogRun& run, const DialogField& field) {
-  switch (field.Kind) {
+bool ToggleCheck(toolkit::DialogRecord& dialog, DialogRun& run, std::size_t index) {
+  FieldValue& value = run.Values[index];
+  value.Integer = value.Integer != 0 ? 0 : 1;
+  return toolkit::SetChecked(dialog, run.Table.Fields[index].Control, value.Integer != 0);
+}
+
+bool ChooseText(toolkit::DialogRecord& dialog, DialogRun& run, std::size_t index) {
+  const DialogField& field = run.Table.Fields[index];
+  const int place = toolkit::ReadList(dialog, field.Control);
+  if (place < 0) return false;
+  run.Values[index].Integer = place;
+  return true;
+}
+
+bool TakeInput(toolkit::DialogRecord& dialog, DialogRun& run, std::size_t index, int control) {
+  switch (run.Table.Fields[index].Kind) {
     case FieldKind::Integer:
-      return CheckInteger(dialog, run, field);
-    case FieldKind::Positive:
-      return CheckPositive(dialog, run, field);
+    case FieldKind::Real:
+      return CheckNumber(dialog, run, index);
     case FieldKind::Check:
-      return ToggleCheck(dialog, run, field);
+      return ToggleCheck(dialog, run, index);
+    case FieldKind::Radio:
+      return SelectRadio(dialog, run, index, control);
+    case FieldKind::List:
+      return ChooseText(dialog, run, index);
   }
   return false;
 }
@@ -121,36 +201,54 @@ bool CheckField(toolkit::DialogRecord& dialog, DialogRun& run, const DialogField
 
 int Initialize(toolkit::DialogRecord& dialog, void* user) {
   constexpr int kControlFailed = -1;
-  const DialogRun& run = *static_cast<DialogRun*>(user);
-  for (const DialogField& field : run.Table.Fields) {
-    if (!ShowField(dialog, run, field)) return kControlFailed;
+  DialogRun& run = *static_cast<DialogRun*>(user);
+  for (std::size_t i = 0; i < run.Table.Fields.size(); ++i) {
+    const DialogField& field = run.Table.Fields[i];
+    if (!ShowField(dialog, field, run.Values[i])) return kControlFailed;
+    const bool isNumber = field.Kind == FieldKind::Integer || field.Kind == FieldKind::Real;
+    if (isNumber) MarkField(dialog, run, i, CheckNumber(dialog, run, i));
   }
   return 0;
 }
 
-bool Stores(const DialogRun& run, int control) {
-  return std::ranges::find(run.Table.StoringButtons, control) != run.Table.StoringButtons.end();
+bool Stores(const DialogTable& table, int control) {
+  return std::ranges::find(table.StoringButtons, control) != table.StoringButtons.end();
+}
+
+bool BelongsTo(const DialogField& field, int control) {
+  if (field.Kind != FieldKind::Radio) return field.Control == control;
+  return control >= field.Control && control <= field.LastControl;
 }
 
 int Command(toolkit::DialogRecord& dialog, int control, void* user) {
   DialogRun& run = *static_cast<DialogRun*>(user);
   if (control == run.Table.CancelButton) return 1;
-  if (Stores(run, control)) return run.InvalidMask == 0 ? 1 : 0;
-  std::uint32_t bit = 1;
-  for (const DialogField& field : run.Table.Fields) {
-    if (field.Control == control) MarkField(dialog, run, bit, CheckField(dialog, run, field));
-    bit <<= 1;
+  if (Stores(run.Table, control)) return run.InvalidMask == 0 ? 1 : 0;
+  for (std::size_t i = 0; i < run.Table.Fields.size(); ++i) {
+    if (!BelongsTo(run.Table.Fields[i], control)) continue;
+    MarkField(dialog, run, i, TakeInput(dialog, run, i, control));
   }
   return 0;
 }
 
 }  // namespace
 
-int RunFieldDialog(FrameWindow* frame, const DialogTable& table, void* values) {
-  DialogRun run{table, static_cast<std::byte*>(values)};
+int RunFieldDialog(FrameWindow* frame, const DialogTable& table, void* settings) {
+  auto* const record = static_cast<std::byte*>(settings);
+  DialogRun run{.Table = table, .Stored = {}, .Values = {}};
+  for (std::size_t i = 0; i < table.Fields.size(); ++i) {
+    run.Stored[i] = LoadField(table.Fields[i], record);
+    run.Values[i] = run.Stored[i];
+    LimitChoice(table.Fields[i], run.Values[i]);
+  }
   const toolkit::DialogOperations operations = {
       .Initialize = Initialize, .Command = Command, .CancelControl = table.CancelButton};
-  return toolkit::RunDialog(frame, table.Resource, operations, &run);
+  const int button = toolkit::RunDialog(frame, table.Resource, operations, &run);
+  if (!Stores(table, button)) return button;
+  for (std::size_t i = 0; i < table.Fields.size(); ++i) {
+    StoreField(table.Fields[i], run.Values[i], record);
+  }
+  return button;
 }
 
 }  // namespace ondrel

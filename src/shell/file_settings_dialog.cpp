@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 
 #include "shell/dialog_fields.h"
 #include "shell/file_commands.h"
@@ -12,9 +11,10 @@
 namespace ondrel {
 namespace {
 
-constexpr int kOpenButton = 1;
-constexpr int kOkButton = 2;
-constexpr int kCancelButton = 3;
+// Unlike other dialogs, this one begins with a button that goes on to a file.
+constexpr int kOpenFileButton = 1;
+constexpr int kStoreButton = 2;
+constexpr int kLeaveButton = 3;
 
 /// The private copy of the settings.
 struct FileSettings {
@@ -25,22 +25,20 @@ struct FileSettings {
   bool SkipStartupDialog;
 };
 
-constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
-
 constexpr DialogField kFields[] = {
-    {6, FieldKind::Integer, offsetof(FileSettings, EventEntries), 1, kHighest},
-    {8, FieldKind::Integer, offsetof(FileSettings, SweepEntries), 1, kHighest},
-    {10, FieldKind::Integer, offsetof(FileSettings, FontSize), 1, kHighest},
-    {12, FieldKind::Positive, offsetof(FileSettings, PenSize)},
-    {13, FieldKind::Check, offsetof(FileSettings, SkipStartupDialog)},
+    IntegerField(6, offsetof(FileSettings, EventEntries), 1),
+    IntegerField(8, offsetof(FileSettings, SweepEntries), 1),
+    IntegerField(10, offsetof(FileSettings, FontSize), 1),
+    RealField(12, offsetof(FileSettings, PenSize), kPositive),
+    CheckField(13, offsetof(FileSettings, SkipStartupDialog)),
 };
-constexpr int kStoringButtons[] = {kOpenButton, kOkButton};
+constexpr int kStoringButtons[] = {kOpenFileButton, kStoreButton};
 
 constexpr DialogTable kDialog = {
     .Resource = 122,
     .Fields = kFields,
     .StoringButtons = kStoringButtons,
-    .CancelButton = kCancelButton,
+    .CancelButton = kLeaveButton,
 };
 
 FileSettings CopySettings(const Workspace& workspace) {
@@ -77,9 +75,9 @@ void FileSettingsCommand(FrameWindow* frame) {
   Workspace& workspace = *frame->Owner;
   FileSettings settings = CopySettings(workspace);
   const int button = RunFieldDialog(frame, kDialog, &settings);
-  if (button != kOpenButton && button != kOkButton) return;
+  if (button != kOpenFileButton && button != kStoreButton) return;
   StoreSettings(workspace, settings);
-  if (button == kOpenButton) OpenCommand(frame);
+  if (button == kOpenFileButton) OpenCommand(frame);
 }
 
 }  // namespace ondrel

@@ -6,15 +6,12 @@
 #include "workspace/workspace.h"
 
 namespace ondrel {
-namespace {
 
 void ShowRescaled(Workspace& workspace, ViewKind histogram) {
   ViewOf(workspace, histogram).NeedsRebuild = true;
   ViewOf(workspace, FitViewOf(histogram)).NeedsRebuild = true;
   RefreshViews(workspace);
 }
-
-}  // namespace
 
 void AutoscaleAmplitudeCommand(FrameWindow* frame) {
   AutoscaleAmplitude(*frame->Owner);

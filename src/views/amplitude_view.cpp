@@ -1,6 +1,5 @@
 #include "views/amplitude_view.h"
 
-#include <algorithm>
 #include <cstdint>
 
 #include "fit/histogram_axis.h"
@@ -21,7 +20,7 @@ void DrawXAxis(AxisDrawing& axis, const AmplitudeHistogram& histogram, const Int
   DrawAxisTitle(axis, HorizontalTitlePlace(frame, height), "Amplitude (pA)");
   DrawAxisLine(axis, frame.PlotLeft, base, frame.PlotRight, base);
   double value = histogram.Minimum;
-  for (std::int32_t k = 0; k <= std::min(histogram.TickMarks, kMostTicks); ++k) {
+  for (std::int32_t k = 0; k <= CountTicks(histogram.TickMarks); ++k) {
     const double x = frame.PlotLeft + k * histogram.PixelsPerTick;
     DrawAxisLine(axis, x, base, x, base + MajorTickLength(height));
     char text[kNumberTextSize] = "";

@@ -1,6 +1,5 @@
 #include "views/duration_view.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -39,7 +38,7 @@ double OffsetOfMinor(std::int32_t m, std::int32_t ticksPerDecade) {
 bool DrawMinorTicks(AxisDrawing& axis, const DurationHistogram& histogram, double start,
                     double length, std::int32_t& ticksLeft) {
   const GraphFrame& frame = axis.Frame;
-  const std::int32_t ticks = std::min(histogram.TicksPerDecade, kMostTicks);
+  const std::int32_t ticks = CountTicks(histogram.TicksPerDecade);
   for (std::int32_t m = 2; m <= ticks + 1; ++m) {
     const double x = start + OffsetOfMinor(m, ticks) * histogram.PixelsPerDecade;
     if (LiesBeyond(x, frame.PlotRight) || ticksLeft <= 0) return false;
@@ -56,7 +55,7 @@ void DrawXAxis(AxisDrawing& axis, const DurationHistogram& histogram, const IntR
   DrawAxisTitle(axis, TitlePlace(histogram, frame, height), "log Duration (s)");
   DrawAxisLine(axis, frame.PlotLeft, base, frame.PlotRight, base);
   std::int32_t ticksLeft = kMostTicks;
-  for (std::int32_t k = 0; k <= std::min(histogram.Decades, kMostTicks); ++k) {
+  for (std::int32_t k = 0; k <= CountTicks(histogram.Decades); ++k) {
     const double x = frame.PlotLeft + k * histogram.PixelsPerDecade;
     DrawAxisLine(axis, x, base, x, base + MajorTickLength(height));
     char text[kNumberTextSize] = "";

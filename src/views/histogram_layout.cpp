@@ -35,7 +35,7 @@ void LayoutAmplitude(Workspace& workspace, const GraphicsSink& sink, const IntRe
   GraphFrame& frame = ViewOf(workspace, ViewKind::Amplitude).Frame;
   frame = FrameIn(rect);
   histogram.PixelsPerBin = WidthOfBin({sink, workspace.Graphics}, frame, CountBins(histogram));
-  histogram.PixelsPerTick = AtLeastOne(histogram.BinsPerTick) * histogram.PixelsPerBin;
+  histogram.PixelsPerTick = BinsPerTickOf(histogram) * histogram.PixelsPerBin;
   histogram.PixelsPerPa = histogram.PixelsPerTick / histogram.PerTick;
 
   const double countsPerTick = AtLeastOne(histogram.CountsPerTick);
@@ -53,8 +53,9 @@ void LayoutDuration(Workspace& workspace, const GraphicsSink& sink, const IntRec
     frame.PlotBottom = (frame.PlotBottom - frame.PlotTop) / 2.0 + frame.PlotTop;
   }
   histogram.PixelsPerBin = WidthOfBin({sink, workspace.Graphics}, frame, CountBins(histogram));
-  histogram.PixelsPerDecade = AtLeastOne(histogram.BinsPerDecade) * histogram.PixelsPerBin;
-  if (histogram.Bins == nullptr) BuildDurationHistogram(workspace);
+  histogram.PixelsPerDecade = BinsPerDecadeOf(histogram) * histogram.PixelsPerBin;
+  const bool hasData = workspace.Levels.Index != nullptr;
+  if (histogram.Bins == nullptr && hasData) BuildDurationHistogram(workspace);
 
   const double countsPerTick = AtLeastOne(histogram.CountsPerTick);
   double intervals = std::trunc(histogram.YMaximum / countsPerTick);

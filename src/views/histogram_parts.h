@@ -115,7 +115,7 @@ void DrawFitOf(const HistogramTwin<Histogram>& twin, Workspace& workspace,
   const auto terms = static_cast<std::int32_t>(CountTerms(histogram));
   DescribeBins(workspace.Graphics, histogram);
   SetStrokeColor(drawing, ColorOf(view, HistogramColor::Fit));
-  if (style == FitStyle::Sum || style == FitStyle::Both) drawCurve(0, terms);
+  if (style != FitStyle::Component) drawCurve(0, terms);
   histogram.MarkerCount = 0;
   for (std::int32_t term = 0; term < terms; ++term) {
     if (HasFailed(drawing)) return;
@@ -123,7 +123,7 @@ void DrawFitOf(const HistogramTwin<Histogram>& twin, Workspace& workspace,
       twin.PlaceMarker(workspace, sink, term, histogram.MarkerCount++);
     }
     if (HasFailed(drawing)) return;
-    if (style == FitStyle::Component || style == FitStyle::Both) drawCurve(term, term + 1);
+    if (style != FitStyle::Sum) drawCurve(term, term + 1);
   }
 }
 

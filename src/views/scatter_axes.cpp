@@ -13,12 +13,12 @@ const char* TitleOf(ScatterValue value) {
   switch (value) {
     case ScatterValue::LevelTag:
       return "Level Tag Value";
-    case ScatterValue::SweepTag:
-      return "Sweep Tag Value";
     case ScatterValue::SweepRelevant:
+      return "Sweep Relevant Value";
+    case ScatterValue::SweepTag:
       break;
   }
-  return "Sweep Relevant Value";
+  return "Sweep Tag Value";
 }
 
 // --- The logarithmic axis ------------------------------------------------------------------------

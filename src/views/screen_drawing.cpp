@@ -24,10 +24,10 @@ void BeginScreenDrawing(Workspace& workspace, const DeviceRecord& device,
   toolkit::SetBackground(context.Device, background);
   const double dpi = toolkit::DeviceDpi(context.Device);
   // Multiplied first: a size that is a whole number of device units is to come out as one.
-  toolkit::SetPenWidth(context.Device,
-                       TruncateToInteger(std::ceil(workspace.PenSize * dpi / kPointsPerInch)));
-  toolkit::SetFontHeight(context.Device,
-                         TruncateToInteger(workspace.FontSize * dpi / kPointsPerInch));
+  const double penWidth = std::ceil(workspace.PenSize * dpi / kPointsPerInch);
+  toolkit::SetPenWidth(context.Device, std::max(TruncateToInteger(penWidth), 1));
+  const double fontHeight = std::max(workspace.FontSize, 1) * dpi / kPointsPerInch;
+  toolkit::SetFontHeight(context.Device, TruncateToInteger(fontHeight));
 }
 
 void EndScreenDrawing(Workspace& workspace) {

@@ -31,7 +31,7 @@ bool ReadBareList(FrameWindow* frame, TextScanner scanner) {
   std::int32_t lastSweep = 0;
   std::int32_t next = first;
   for (; !AtEndOfData(scanner); ++next) {
-    if (next >= events.Capacity) {
+    if (next >= RoomOf(events)) {
       ReportTableFull(frame, "Event");
       return false;
     }

@@ -1,6 +1,7 @@
 // Plain values that every floor shares: rectangles, lengths in device units, colours.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -16,11 +17,17 @@ struct IntRect {
   friend bool operator==(const IntRect&, const IntRect&) = default;
 };
 
+/// A length too large to be one, as that of a place in a preference file may be, is the largest.
+constexpr std::int32_t LengthBetween(std::int32_t from, std::int32_t to) {
+  const std::int64_t length = std::int64_t{to} - from;
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(length, INT32_MIN, INT32_MAX));
+}
+
 constexpr std::int32_t Width(const IntRect& rect) {
-  return rect.Right - rect.Left;
+  return LengthBetween(rect.Left, rect.Right);
 }
 constexpr std::int32_t Height(const IntRect& rect) {
-  return rect.Bottom - rect.Top;
+  return LengthBetween(rect.Top, rect.Bottom);
 }
 
 /// A view without a remembered place has such a rectangle.

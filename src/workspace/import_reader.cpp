@@ -39,7 +39,7 @@ void ReadImportRows(FrameWindow* frame, TextScanner scanner) {
   Workspace& workspace = *frame->Owner;
   EventTable& events = workspace.Events;
   while (!AtEndOfData(scanner)) {
-    if (events.Count >= events.Capacity) {
+    if (events.Count >= RoomOf(events)) {
       ReportTableFull(frame, "Event");
       return;
     }

@@ -33,7 +33,7 @@ bool AppendSweep(NewSweeps& sweeps, double end) {
 }
 
 bool IsFull(const NewSweeps& sweeps) {
-  return sweeps.Next >= sweeps.Table.Capacity;
+  return sweeps.Next >= RoomOf(sweeps.Table);
 }
 
 /// Empty sweeps up to the one before `number`, or until the table is full. Numbers are compared
@@ -73,7 +73,7 @@ bool AcceptSweeps(const NewSweeps& sweeps, const FileTable& files, std::int32_t 
     ReportNotConsistent(sweeps.Frame, "The number of sweep records is ambiguous.");
     return false;
   }
-  if (files.Count >= files.Capacity) {
+  if (files.Count >= RoomOf(files)) {
     ReportTableFull(sweeps.Frame, "Event");
     return false;
   }

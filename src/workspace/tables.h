@@ -4,6 +4,7 @@
 // that does not fit is refused, and the user raises the entries in "Settings".
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "derived/level_filter.h"
@@ -78,6 +79,13 @@ struct FileTable {
   std::int32_t Count = 0;
   std::int32_t Capacity = kFileCapacity;
 };
+
+/// How many records the table holds when it is allocated. A preference file may give any capacity;
+/// what is below 1 counts as 1.
+template <typename Table>
+constexpr std::int32_t RoomOf(const Table& table) {
+  return std::max(table.Capacity, 1);
+}
 
 /// The record at the 0-based `index`, or null when that is negative or not below `Count`.
 inline EventRecord* GetEvent(const EventTable& table, std::int32_t index) {

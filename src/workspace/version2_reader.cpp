@@ -36,7 +36,7 @@ bool ReadFileRows(FrameWindow* frame, TextScanner& scanner, Batch& batch) {
   std::int32_t next = batch.FirstFile;
   while (!TakeKeyword(scanner, "Sweeps")) {
     if (AtEndOfData(scanner)) return false;
-    if (next >= files.Capacity) {
+    if (next >= RoomOf(files)) {
       ReportTooManyFiles(frame);
       return false;
     }
@@ -53,7 +53,7 @@ bool ReadFileRows(FrameWindow* frame, TextScanner& scanner, Batch& batch) {
 /// The one file of a table without a block of files. Its sweeps are counted when all is read.
 bool AppendSingleFile(FrameWindow* frame, Batch& batch) {
   FileTable& files = frame->Owner->Files;
-  if (files.Count >= files.Capacity) {
+  if (files.Count >= RoomOf(files)) {
     ReportTableFull(frame, "Event");
     return false;
   }
@@ -99,7 +99,7 @@ bool ReadSweepRows(FrameWindow* frame, TextScanner& scanner, Batch& batch) {
   SweepTable& sweeps = workspace.Sweeps;
   SweepDealer dealer{static_cast<std::uint32_t>(batch.FirstFile) + 1};
   while (!TakeKeyword(scanner, "Events") && !AtEndOfData(scanner)) {
-    if (batch.FirstSweep + batch.SweepCount >= sweeps.Capacity) {
+    if (batch.FirstSweep + batch.SweepCount >= RoomOf(sweeps)) {
       ReportTableFull(frame, "Sweep");
       return false;
     }
@@ -152,7 +152,7 @@ bool ReadEventRows(FrameWindow* frame, TextScanner& scanner, std::int32_t versio
   std::int32_t largest = 0;
   std::int32_t next = events.Count;
   for (; !AtEndOfData(scanner); ++next) {
-    if (next >= events.Capacity) {
+    if (next >= RoomOf(events)) {
       ReportTableFull(frame, "Event");
       return false;
     }

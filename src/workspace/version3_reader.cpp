@@ -56,7 +56,7 @@ RowEnd ReadNextSweep(FrameWindow* frame, TextScanner& scanner, FileRecord& file)
     return RowEnd::Done;
   }
   const std::int32_t row = sweeps.Count + file.SweepCount;
-  if (row >= sweeps.Capacity) {
+  if (row >= RoomOf(sweeps)) {
     ReportTableFull(frame, "Sweep");
     return RowEnd::Failed;
   }
@@ -168,7 +168,7 @@ RowEnd ReadNextEvent(FrameWindow* frame, TextScanner& scanner, std::int32_t next
                      const FileRecord& file) {
   const EventTable& events = frame->Owner->Events;
   const std::int32_t row = next - events.Count + 1;
-  if (next >= events.Capacity) {
+  if (next >= RoomOf(events)) {
     ReportTableFull(frame, "Event");
     return RowEnd::Failed;
   }
@@ -215,7 +215,7 @@ bool ReadVersion3Table(FrameWindow* frame, TextScanner scanner, std::int32_t ver
   FileTable& files = frame->Owner->Files;
   std::int32_t next = files.Count;
   if (AtEndOfData(scanner)) return false;
-  if (next >= files.Capacity) {
+  if (next >= RoomOf(files)) {
     ReportTooManyFiles(frame);
     return false;
   }
@@ -225,7 +225,7 @@ bool ReadVersion3Table(FrameWindow* frame, TextScanner scanner, std::int32_t ver
   }
   bool good = true;
   while (good && !AtEndOfData(scanner)) {
-    if (next >= files.Capacity) {
+    if (next >= RoomOf(files)) {
       ReportTooManyFiles(frame);
       break;
     }

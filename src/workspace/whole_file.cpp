@@ -6,16 +6,10 @@
 #include <cstring>
 #include <limits>
 
-#include "shell/toolkit.h"
 #include "workspace/report.h"
 
 namespace ondrel {
 namespace {
-
-void SetShortName(const char* path, WholeFile* file) {
-  const char* const backslash = std::strrchr(path, '\\');
-  std::snprintf(file->Name, sizeof file->Name, "%s", backslash != nullptr ? backslash + 1 : path);
-}
 
 /// Room for the whole file, of one byte for an empty one. Null when its size cannot be had, too.
 bool AllocateBlock(toolkit::FileHandle handle, WholeFile* file) {
@@ -28,15 +22,29 @@ bool AllocateBlock(toolkit::FileHandle handle, WholeFile* file) {
   return file->Bytes != nullptr;
 }
 
-std::int32_t FillBlock(toolkit::FileHandle handle, const WholeFile& file) {
-  const std::int32_t code = toolkit::SeekToStart(handle);
-  return code != 0 ? code : toolkit::ReadBytes(handle, file.Bytes, file.Size);
+/// Returns 0, or the platform's code; no block is left then.
+std::int32_t FillBlock(toolkit::FileHandle handle, WholeFile* file) {
+  std::int32_t code = toolkit::SeekToStart(handle);
+  if (code == 0) code = toolkit::ReadBytes(handle, file->Bytes, file->Size);
+  if (code == 0) return 0;
+  toolkit::FreeMemory(file->Bytes);
+  file->Bytes = nullptr;
+  return code;
 }
 
 }  // namespace
 
+const char* ShortNameOf(const char* path) {
+  const char* const backslash = std::strrchr(path, '\\');
+  return backslash != nullptr ? backslash + 1 : path;
+}
+
+bool HoldOpenFile(toolkit::FileHandle handle, WholeFile* file) {
+  return AllocateBlock(handle, file) && FillBlock(handle, file) == 0;
+}
+
 bool ReadWholeFile(FrameWindow* frame, const char* path, WholeFile* file) {
-  SetShortName(path, file);
+  std::snprintf(file->Name, sizeof file->Name, "%s", ShortNameOf(path));
   toolkit::FileHandle handle;
   std::int32_t code = toolkit::OpenFileForReading(path, &handle);
   if (code != 0) {
@@ -48,11 +56,7 @@ bool ReadWholeFile(FrameWindow* frame, const char* path, WholeFile* file) {
     toolkit::CloseFile(handle);
     return false;
   }
-  code = FillBlock(handle, *file);
-  if (code != 0) {
-    toolkit::FreeMemory(file->Bytes);
-    file->Bytes = nullptr;
-  }
+  code = FillBlock(handle, file);
   toolkit::CloseFile(handle);
   if (code != 0) ReportFailure(frame, {TextId::ErrorCode, code, TextId::WhileReading});
   return code == 0;

@@ -20,15 +20,15 @@ void ResetTable(Table& table) {
 template <typename Record, typename Table>
 bool AllocateStorage(Table& table) {
   table.Count = 0;
-  table.Index = toolkit::AllocateRecords<Record*>(table.Capacity);
+  table.Index = toolkit::AllocateRecords<Record*>(RoomOf(table));
   if (table.Index == nullptr) return false;
-  table.Records = toolkit::AllocateRecords<Record>(table.Capacity);
+  table.Records = toolkit::AllocateRecords<Record>(RoomOf(table));
   if (table.Records == nullptr) {
     toolkit::FreeMemory(table.Index);
     table.Index = nullptr;
     return false;
   }
-  for (std::int32_t row = 0; row < table.Capacity; ++row) table.Index[row] = table.Records + row;
+  for (std::int32_t row = 0; row < RoomOf(table); ++row) table.Index[row] = table.Records + row;
   return true;
 }
 

@@ -19,16 +19,8 @@ struct Row {
 // They start from estimates, which are there while the view of a fit's parameters is open.
 constexpr int kAutomaticFits[] = {53255, 53512};
 
-// Commands that this version does not offer in any state.
-constexpr int kWithheld[] = {
-    51719, 51720, 51722, 51723, 51726, 51727, 51728,  // saving, preferences, exports, printing
-    52225, 52228, 52229, 52230, 52231,                // "Events" and the filters
-    52993, 54017,                                     // tag values, settings of the statistics
-    53250, 53251, 53253,                              // settings of a histogram
-    53506, 53507, 53508, 53510,                       // the same of the other
-    53761, 53762, 54529, 54530, 54785, 54786,         // settings of the scatter plots
-    55041, 55042,                                     // settings of the stationarity plot
-};
+// Commands that this version does not offer in any state: saving of tables, exports, printing.
+constexpr int kWithheld[] = {51719, 51720, 51726, 51727, 51728};
 
 constexpr Row kSeparator{-1, nullptr, kAlways};
 

@@ -14,9 +14,9 @@ struct Values {
 };
 
 constexpr DialogField kFields[] = {
-    {6, FieldKind::Integer, offsetof(Values, Count), -5, 5},
-    {7, FieldKind::Positive, offsetof(Values, Size)},
-    {8, FieldKind::Check, offsetof(Values, Flag)},
+    IntegerField(6, offsetof(Values, Count), -5, 5),
+    RealField(7, offsetof(Values, Size), kPositive),
+    CheckField(8, offsetof(Values, Flag)),
 };
 constexpr int kStoring[] = {1, 2};
 constexpr DialogTable kTable = {

@@ -14,6 +14,8 @@ using ::testing::ElementsAre;
 
 /// The entries of the File menu by place.
 constexpr int kFilePopup = 1;
+constexpr int kSettingsPopup = 2;
+constexpr int kViewPopup = 3;
 enum FileEntry {
   kOpen = 1,
   kClose = 2,
@@ -138,11 +140,22 @@ TEST_F(MenusTest, EntriesWithoutACommandAreGreyed) {
   Run([&] {
     OpenFile(file_.Path());
     Choose(command::kLevelView);
-    EXPECT_FALSE(IsEnabled(kViewMenuPlace, 1)) << "TagValue";
+    for (const int entry : {kSaveEvents, kSaveLevels, kExportGraph, kExportText, kPrint}) {
+      EXPECT_FALSE(IsEnabled(kFilePopup, entry)) << entry;
+    }
+  });
+}
+
+TEST_F(MenusTest, SettingsAndViewsAreEnabledOnceDataAreThere) {
+  Run([&] {
+    OpenFile(file_.Path());
+    Choose(command::kLevelView);
+    EXPECT_TRUE(IsEnabled(kViewMenuPlace, 1)) << "TagValue";
     EXPECT_TRUE(IsSubEnabled(kViewMenuPlace, 2, 1)) << "Colors, Selected";
-    EXPECT_TRUE(IsEnabled(2, 3)) << "Reset";
-    EXPECT_FALSE(IsEnabled(2, 1)) << "Events";
-    for (int view = 1; view <= 10; ++view) EXPECT_TRUE(IsEnabled(3, view)) << view;
+    for (const int entry : {1, 3, 4, 5, 6, 7}) {
+      EXPECT_TRUE(IsEnabled(kSettingsPopup, entry)) << entry;
+    }
+    for (int view = 1; view <= 10; ++view) EXPECT_TRUE(IsEnabled(kViewPopup, view)) << view;
   });
 }
 
@@ -219,11 +232,13 @@ TEST_P(FitMenusTest, WithoutAViewsMenuNothingIsGreyedInItsPlace) {
   });
 }
 
-TEST_P(FitMenusTest, DialogsOfTheHistogramStayGreyed) {
+TEST_P(FitMenusTest, DialogsOfTheHistogramAreEnabled) {
   RunWithHistogram([&] {
     EXPECT_TRUE(IsEnabled(kViewMenuPlace, 1)) << "Autoscale";
-    EXPECT_FALSE(IsEnabled(kViewMenuPlace, 2)) << "Scaling";
-    EXPECT_FALSE(IsEnabled(kViewMenuPlace, 3)) << "Style";
+    for (int entry = 2; entry < GetParam().ManualPlace; ++entry) {
+      if (entry == GetParam().ManualPlace - 2) continue;  // a separator
+      EXPECT_TRUE(IsEnabled(kViewMenuPlace, entry)) << entry;
+    }
   });
 }
 

@@ -7,12 +7,12 @@
 #include <functional>
 #include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "derived/derived_chain.h"
 #include "shell/menus.h"
-#include "support/program_test.h"
-#include "support/view_test.h"
+#include "support/all_views_test.h"
 #include "views/all_views.h"
 #include "views/view_kinds.h"
 
@@ -22,85 +22,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-using Titles = std::vector<std::string>;
-
-Titles TitlesOf(const std::vector<ViewKind>& kinds) {
-  Titles titles;
-  for (const ViewKind kind : kinds) titles.emplace_back(FactsOf(kind).Title);
-  return titles;
-}
-
-class ViewRefreshTest : public ProgramTest {
- protected:
-  ViewRefreshTest()
-      : file_("view_refresh.evt", kTwoOpenings), rows_("view_refresh.txt", kImportRows) {}
-
-  /// Opens all views and tells them apart by their backgrounds.
-  void RunWithAllViews(const std::function<void()>& act) {
-    Run([&] {
-      OpenFile(file_.Path());
-      for (const CommandId command :
-           {command::kAmplitudeView, command::kAmplitudeManualFit, command::kDurationView,
-            command::kDurationManualFit, command::kAmplitudeScatterView,
-            command::kDurationScatterView, command::kScatterView, command::kStationarityView,
-            command::kStatisticsView, command::kSweepView}) {
-        Choose(command);
-      }
-      ASSERT_EQ(shell().Children.size(), kViewCount);
-      for (const ViewKind kind : AllKinds()) {
-        View(kind).Colors[FactsOf(kind).Background] = MarkOf(kind);
-      }
-      Forget();
-      act();
-    });
-  }
-
-  ViewState& View(ViewKind kind) { return ViewOf(workspace(), kind); }
-
-  void Forget() {
-    shell().Drawing.clear();
-    for (const auto& child : shell().Children) child->Invalidated.clear();
-  }
-
-  /// The views that were repainted since the last Forget, in that order. Each is invalid as a whole
-  /// afterwards, and none is marked any more.
-  Titles Repainted() {
-    std::vector<ViewKind> kinds;
-    for (const std::string& line : LinesWith(shell().Drawing, "background ")) {
-      for (const ViewKind kind : AllKinds()) {
-        const std::string mark = std::to_string(MarkOf(kind).Red) + " 0 0";
-        if (line == "background " + mark) kinds.push_back(kind);
-      }
-    }
-    for (const ViewKind kind : AllKinds()) {
-      EXPECT_FALSE(View(kind).NeedsRebuild) << FactsOf(kind).Title;
-      if (View(kind).Window == nullptr) continue;
-      const auto repaints = std::count(kinds.begin(), kinds.end(), kind);
-      const scripted::Window& window = scripted::WindowOf(View(kind).Window);
-      EXPECT_EQ(static_cast<std::ptrdiff_t>(window.Invalidated.size()), repaints) << window.Title;
-      for (const IntRect& rect : window.Invalidated) EXPECT_EQ(rect, window.Client);
-    }
-    return TitlesOf(kinds);
-  }
-
-  Titles RepaintedAfter(void (*derive)(Workspace&)) {
-    Forget();
-    derive(workspace());
-    EXPECT_THAT(LinesWith(shell().Drawing, "background "), IsEmpty()) << "not by itself";
-    RefreshViews(workspace());
-    return Repainted();
-  }
-
-  /// What the window shows when the platform asks it to paint.
-  std::vector<std::string> Dots(ViewKind kind) {
-    return LinesWith(scripted::PaintChild(View(kind).Window), "filled rect");
-  }
-
-  static RgbColor MarkOf(ViewKind kind) { return {static_cast<std::int32_t>(kind) + 1001, 0, 0}; }
-
-  ScratchFile file_;
-  ScratchFile rows_;
-};
+class ViewRefreshTest : public AllViewsTest {};
 
 // --- Commands ------------------------------------------------------------------------------------
 
@@ -226,7 +148,7 @@ TEST_F(ViewRefreshTest, ACancelledColourRepaintsNothing) {
   });
 }
 
-// --- Chains whose dialogs are to come ------------------------------------------------------------
+// --- Chains --------------------------------------------------------------------------------------
 
 TEST_F(ViewRefreshTest, NewLevelsLeaveTheValueScattersTheSweepsAndTheEventsAlone) {
   RunWithAllViews([&] {
@@ -333,7 +255,7 @@ constexpr PlotMenu kPlotMenus[] = {
     {command::kStationarityView, ViewKind::Stationarity, 215, "Statio&narity", "&Settings..."},
 };
 
-TEST_F(ViewRefreshTest, APlotThatComesToTheFrontBringsItsMenuWhereOnlyColoursAreEnabled) {
+TEST_F(ViewRefreshTest, APlotThatComesToTheFrontBringsItsMenuWithEveryEntryEnabled) {
   RunWithAllViews([&] {
     for (const PlotMenu& plot : kPlotMenus) {
       Choose(command::kEventView);
@@ -342,8 +264,8 @@ TEST_F(ViewRefreshTest, APlotThatComesToTheFrontBringsItsMenuWhereOnlyColoursAre
       EXPECT_EQ(shell().Menu.InsertedResource, plot.Resource);
       EXPECT_EQ(shell().Menu.InsertedPlace, 4);
       const auto& entries = shell().Menu.Entries;
-      EXPECT_FALSE(entries.at({4, 1, 0})) << "its dialogs are to come";
-      EXPECT_FALSE(entries.at({4, 2, 0}));
+      EXPECT_TRUE(entries.at({4, 1, 0})) << plot.FirstEntry;
+      EXPECT_TRUE(entries.at({4, 2, 0})) << "its style";
       for (int color = 1; color <= 4; ++color) EXPECT_TRUE(entries.at({4, 3, color})) << color;
       EXPECT_EQ(entries.count({4, 3, 5}), 0u);
     }
@@ -362,13 +284,31 @@ TEST_F(ViewRefreshTest, TheMenusOfThePlotsHoldTheirEntries) {
   }
 }
 
-TEST_F(ViewRefreshTest, AGreyedEntryOfAPlotDoesNothing) {
+TEST_F(ViewRefreshTest, TheEntriesOfThePlotsRunTheirDialogs) {
+  constexpr std::pair<CommandId, int> kDialogs[] = {{53761, 130}, {53762, 137}, {54529, 133},
+                                                    {54530, 137}, {54785, 135}, {54786, 137},
+                                                    {55041, 142}, {55042, 141}};
   RunWithAllViews([&] {
-    const std::vector<int> before = shell().Dialogs;
-    for (const int id : {53761, 53762, 54529, 54530, 54785, 54786, 55041, 55042}) {
-      Choose(static_cast<CommandId>(id));
+    for (const auto& [id, resource] : kDialogs) {
+      shell().Dialogs.clear();
+      Choose(id);
+      EXPECT_THAT(shell().Dialogs, ElementsAre(resource)) << id;
+      EXPECT_THAT(Repainted(), IsEmpty()) << id << " was cancelled";
     }
-    EXPECT_EQ(shell().Dialogs, before);
+  });
+}
+
+TEST_F(ViewRefreshTest, AGreyedEntryDoesNothing) {
+  RunWithAllViews([&] {
+    shell().Dialogs.clear();
+    shell().FileDialogs.clear();
+    shell().Boxes.clear();
+    for (const CommandId id : {command::kOpen, command::kLoadPreferences, command::kFileSettings}) {
+      Choose(id);
+    }
+    EXPECT_THAT(shell().Dialogs, IsEmpty());
+    EXPECT_THAT(shell().FileDialogs, IsEmpty());
+    EXPECT_THAT(Messages(), IsEmpty());
     EXPECT_THAT(Repainted(), IsEmpty());
   });
 }

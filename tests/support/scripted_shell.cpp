@@ -44,14 +44,9 @@ namespace ondrel::toolkit {
 
 using scripted::TheShell;
 
-namespace {
-/// Larger requests are refused as a 32-bit machine would, without trying.
-constexpr std::size_t kLargestAllocation = std::size_t{1} << 31;
-}  // namespace
-
 void* AllocateZeroed(std::size_t count, std::size_t size) {
   if (TheShell().Allocation.Strikes()) return nullptr;
-  if (size != 0 && count > kLargestAllocation / size) return nullptr;
+  if (size != 0 && count > TheShell().LargestAllocation / size) return nullptr;
   void* memory = std::calloc(std::max<std::size_t>(count, 1), size);
   if (memory != nullptr) ++TheShell().LiveAllocations;
   return memory;

@@ -143,6 +143,7 @@ struct Shell {
   Fault ControlText;
   Fault CreateFrame;
   Fault CreateChild;
+  std::size_t LargestAllocation = std::size_t{1} << 31;  // larger ones are refused without trying
   int LiveAllocations = 0;
   std::vector<const void*>* Freed = nullptr;  // takes the addresses that are freed, in their order
   int OpenFiles = 0;

@@ -10,6 +10,7 @@ constexpr std::int32_t kBorder = 4;
 constexpr std::int32_t kCaption = 19;
 constexpr std::int32_t kBarWidth = 16;
 constexpr std::int32_t kMenuHeight = 19;
+constexpr std::int32_t kLargestWindow = 1 << 20;
 
 }  // namespace
 
@@ -31,8 +32,10 @@ IntRect InsideOf(const Window& window) {
   const std::int32_t menu = window.Frame == nullptr ? kMenuHeight : 0;
   const std::int32_t bar =
       window.Bars[static_cast<std::size_t>(Axis::Vertical)].Exists ? kBarWidth : 0;
-  return {0, 0, Width(window.Place) - 2 * kBorder - bar,
-          Height(window.Place) - 2 * kBorder - kCaption - menu};
+  // As a screen does, whatever a program asks for.
+  const std::int32_t width = std::clamp(Width(window.Place), -kLargestWindow, kLargestWindow);
+  const std::int32_t height = std::clamp(Height(window.Place), -kLargestWindow, kLargestWindow);
+  return {0, 0, width - 2 * kBorder - bar, height - 2 * kBorder - kCaption - menu};
 }
 
 void SetPlace(Window& window, const IntRect& place) {

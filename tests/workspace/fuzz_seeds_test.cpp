@@ -6,6 +6,7 @@
 #include <iterator>
 #include <string>
 
+#include "../../fuzz/fuzzed_preferences.h"
 #include "../../fuzz/fuzzed_reading.h"
 
 namespace ondrel {
@@ -34,6 +35,10 @@ TEST(FuzzSeeds, EveryTableEndsInAMessageOrInData) {
 
 TEST(FuzzSeeds, EveryImportEndsInAMessageOrInData) {
   EXPECT_GE(Replay("imports", fuzz::FuzzImport), 6);
+}
+
+TEST(FuzzSeeds, WithAnyPreferencesEveryViewOpensAndEveryDialog) {
+  EXPECT_GE(Replay("preferences", fuzz::FuzzPreferences), 12);
 }
 
 }  // namespace

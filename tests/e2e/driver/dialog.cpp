@@ -60,6 +60,58 @@ bool LooksLike(const Picture& seen, const Picture& expected) {
   return same * 10 >= seen.Pixels.size() * 9;
 }
 
+// --- Controls in words ---------------------------------------------------------------------------
+
+std::string WithoutMnemonic(std::string text) {
+  std::erase(text, '&');
+  return text;
+}
+
+std::string Caption(const Window& control) {
+  const std::string text = WithoutMnemonic(control.Text());
+  const bool on = control.Send(BM_GETCHECK) == BST_CHECKED;
+  switch (GetWindowLongA(control.Handle(), GWL_STYLE) & BS_TYPEMASK) {
+    case BS_CHECKBOX:
+    case BS_AUTOCHECKBOX:
+      return (on ? "[x] " : "[ ] ") + text;
+    case BS_RADIOBUTTON:
+    case BS_AUTORADIOBUTTON:
+      return (on ? "(o) " : "( ) ") + text;
+    case BS_GROUPBOX:
+      return "";
+    default:
+      return control.Text();
+  }
+}
+
+std::string ListText(const Window& list, int place) {
+  std::array<char, 256> text{};
+  list.Send(CB_GETLBTEXT, static_cast<WPARAM>(place), reinterpret_cast<LPARAM>(text.data()));
+  return text.data();
+}
+
+std::string Choices(const Window& list) {
+  const int count = static_cast<int>(list.Send(CB_GETCOUNT));
+  const int chosen = static_cast<int>(list.Send(CB_GETCURSEL));
+  std::string line;
+  for (int place = 0; place < count; ++place) {
+    const std::string text = ListText(list, place);
+    line += (place > 0 ? ", " : "") + (place == chosen ? "[" + text + "]" : text);
+  }
+  return line;
+}
+
+/// Empty for what is no control to the user.
+std::string InWords(const Window& control) {
+  const std::string kind = control.ClassName();
+  if (kind == "Static") return WithoutMnemonic(control.Text());
+  const std::string what = kind == "Edit"       ? "\"" + control.Text() + "\""
+                           : kind == "ComboBox" ? Choices(control)
+                                                : Caption(control);
+  if (what.empty()) return "";
+  return std::to_string(GetDlgCtrlID(control.Handle())) + " " + what;
+}
+
 }  // namespace
 
 Window Dialog::Require(int id) const {
@@ -72,6 +124,30 @@ Window Dialog::Require(int id) const {
 
 bool Dialog::IsChecked(int id) const {
   return Require(id).Send(BM_GETCHECK) == BST_CHECKED;
+}
+
+std::vector<std::string> Dialog::Lines() const {
+  std::vector<std::string> lines;
+  for (const Window& control : window_.Children()) {
+    const std::string line = InWords(control);
+    if (!line.empty()) lines.push_back(line);
+  }
+  return lines;
+}
+
+int Dialog::Focused() const {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(window_.Handle(), nullptr), &info);
+  return GetParent(info.hwndFocus) == window_.Handle() ? GetDlgCtrlID(info.hwndFocus) : 0;
+}
+
+void Dialog::Choose(int id, const std::string& text) const {
+  const Window list = Require(id);
+  const auto count = static_cast<int>(list.Send(CB_GETCOUNT));
+  list.Send(WM_KEYDOWN, VK_HOME);
+  for (int step = 0; step < count && list.Text() != text; ++step) list.Send(WM_KEYDOWN, VK_DOWN);
+  if (list.Text() != text) Fail("list " + std::to_string(id) + " has no '" + text + "'");
 }
 
 void Dialog::Type(int id, const std::string& text) const {

@@ -20,8 +20,18 @@ class Dialog {
   [[nodiscard]] bool IsEnabled(int id) const { return Require(id).Enabled(); }
   [[nodiscard]] bool IsChecked(int id) const;
 
+  /// One line for each control, in the order of the Tab key: a label's text, `4 "0.25"` for a
+  /// field, "4 First, [Second]" for a list, "7 [x] Axes" for a check box, "7 (o) Linear" for a
+  /// radio button, "1 &OK" for a button. Other mnemonics are left out, and so are boxes around
+  /// groups.
+  [[nodiscard]] std::vector<std::string> Lines() const;
+  /// Id of the control that has the focus, 0 for none.
+  [[nodiscard]] int Focused() const;
+
   /// Replaces the text of an edit field key by key, so that the dialog hears of every change.
   void Type(int id, const std::string& text) const;
+  /// Walks through a list with the keys until `text` is chosen.
+  void Choose(int id, const std::string& text) const;
   /// Presses a button or check box. Fails when it is greyed. Does not wait for what follows.
   void Press(int id) const;
   /// Presses a button and waits until the dialog is gone.

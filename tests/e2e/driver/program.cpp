@@ -47,14 +47,18 @@ std::string Environment(const char* name) {
   return value.data();
 }
 
-void ForgetPreferences() {
+std::string PreferencePath() {
   std::array<char, MAX_PATH> folder{};
   SHGetFolderPathA(nullptr, CSIDL_APPDATA, nullptr, 0, folder.data());
-  DeleteFileA((std::string(folder.data()) + "\\Halmere\\Ondrel.set").c_str());
+  return std::string(folder.data()) + "\\Halmere\\Ondrel.set";
 }
 
-Program::Program() {
-  ForgetPreferences();
+void ForgetPreferences() {
+  DeleteFileA(PreferencePath().c_str());
+}
+
+Program::Program(FormerRuns former) {
+  if (former == FormerRuns::Forgotten) ForgetPreferences();
   Start(ExecutablePath());
   Await("the frame window to be made", [this] {
     for (const Window& window : TopLevelWindows(process_.dwProcessId)) {
@@ -90,6 +94,10 @@ Program::~Program() {
 
 void Program::PassStart() {
   WaitForBox(kWelcome).Answer(kOkButton);
+  PassLaterStart();
+}
+
+void Program::PassLaterStart() {
   WaitForDialog("File Settings").Leave(kSettingsOk);
   Await("the frame to show", [this] { return frame_.Visible() && frame_.Enabled(); });
   ToForeground();

@@ -21,15 +21,20 @@ std::string NativePath(const std::string& path);
 /// The value of a variable of the environment, empty when there is none.
 std::string Environment(const char* name);
 
+/// Where the program keeps its settings from one run to the next.
+std::string PreferencePath();
+
 /// Removes what former runs have remembered, so that the next start is a first one.
 void ForgetPreferences();
 
+enum class FormerRuns { Forgotten, Remembered };
+
 class Program {
  public:
-  /// Starts the program afresh and goes inside. It then stands at its first message box. The
-  /// executable is the one that the variable ONDREL_EXE names, else the nearest Ondrel.exe in the
-  /// folder of the driver or one above it.
-  Program();
+  /// Starts the program and goes inside. With former runs forgotten it then stands at its first
+  /// message box. The executable is the one that the variable ONDREL_EXE names, else the nearest
+  /// Ondrel.exe in the folder of the driver or one above it.
+  explicit Program(FormerRuns former = FormerRuns::Forgotten);
   /// Ends the process if it is still there.
   ~Program();
   Program(const Program&) = delete;
@@ -37,6 +42,8 @@ class Program {
 
   /// Answers the welcome and leaves the "File Settings" dialog by "&OK": the state without data.
   void PassStart();
+  /// The same of a start that has no welcome.
+  void PassLaterStart();
   /// "&Open..." from the menu, then `path` in its dialog.
   void Open(const std::string& path);
 
