@@ -7,6 +7,9 @@ namespace ondrel::e2e {
 namespace {
 
 constexpr int kClose = 51714;
+constexpr int kReset = 52227;
+constexpr int kFilterLevels = 52229;
+constexpr int kAmplitudeScatterScaling = 54529;
 constexpr std::uint32_t kRed = 0xFF0000;  // of what is plotted
 
 /// Place of a plot in halves of the frame's client area. About square: the titles of the axes lie
@@ -26,19 +29,6 @@ constexpr PlotTile kPlots[] = {
     {"Stationarity", 52488, 1, 1, "stationarity"},
 };
 
-struct PlotTour {
-  const char* Sample;
-  const char* Shows;
-  const char* Name;  // of its pictures
-};
-
-constexpr PlotTour kTours[] = {
-    {"drifting.evt", "a channel that runs down within each sweep and from sweep to sweep",
-     "drifting"},
-    {"several_files.evt", "a rising concentration, which is the relevant value of the sweeps",
-     "several_files"},
-};
-
 Rect PlaceOf(const PlotTile& tile, const Rect& client) {
   const int width = client.Width() / 2;
   const int height = client.Height() / 2;
@@ -55,26 +45,78 @@ void ArrangePlots(const Program& program) {
   }
 }
 
-void ShowSample(Program& program, const PlotTour& tour, const std::string& samples,
-                const std::string& output) {
-  Tell(std::string("Opening ") + tour.Sample + ": " + tour.Shows + ".");
-  program.Open(samples + "\\" + tour.Sample);
+void OpenPlots(Program& program, const std::string& samples, const std::string& sample,
+               const std::string& shows) {
+  Tell("Opening " + sample + ": " + shows + ".");
+  program.Open(samples + "\\" + sample);
   program.WaitForViews({"Level", "Event"});
   ArrangePlots(program);
+}
+
+/// `name` begins the names of the pictures.
+void KeepPlots(const Program& program, const std::string& output, const std::string& name) {
   for (const PlotTile& tile : kPlots) {
     const Window view = program.View(tile.Title);
     const Picture picture = program.ClientPicture(view);
     if (picture.Count(kRed) == 0) Fail(std::string("nothing is plotted in '") + tile.Title + "'");
-    Keep(program, view, output, std::string(tour.Name) + "_" + tile.Picture);
+    Keep(program, view, output, name + "_" + tile.Picture);
   }
-  KeepFrame(program, output, std::string(tour.Name) + "_plots");
+  KeepFrame(program, output, name + "_plots");
+}
+
+/// Only openings are selected: the running average is then the open probability.
+void SelectOpenings(const Program& program) {
+  constexpr int kLevelChoice = 12;
+  constexpr int kLevelLow = 13;
+  constexpr int kLevelHigh = 14;
+  program.Command(kFilterLevels);
+  const Dialog dialog = program.WaitForDialog("Filter Levels");
+  dialog.Choose(kLevelChoice, "Include");
+  dialog.Type(kLevelLow, "1");
+  dialog.Type(kLevelHigh, "1");
+  dialog.Leave(kOkButton);
+}
+
+/// The axis up to the highest concentration, in uM, and to twice the current of an opening.
+void WidenAxes(const Program& program) {
+  constexpr int kMinimum = 6;
+  constexpr int kPerTick = 10;
+  constexpr int kPaPerTick = 17;
+  program.WaitForTopView("Stationarity");
+  program.Command(52482);
+  program.WaitForTopView("Amplitude Scatter Plot");
+  program.Command(kAmplitudeScatterScaling);
+  const Dialog dialog = program.WaitForDialog("Amplitude Scatter Scaling");
+  dialog.Type(kMinimum, "0");
+  dialog.Type(kPerTick, "25");
+  dialog.Type(kPaPerTick, "2");
+  dialog.Leave(kOkButton);
+}
+
+void ShowDrift(Program& program, const std::string& samples, const std::string& output) {
+  OpenPlots(program, samples, "drifting.evt",
+            "a channel that runs down within each sweep and from sweep to sweep");
+  KeepPlots(program, output, "drifting");
+  SelectOpenings(program);
+  Tell("Only openings selected, so that the running average is the open probability.");
+  Keep(program, program.View("Stationarity"), output, "drifting_open_probability");
+  program.CommandDone(kReset);
+  program.CommandDone(kClose);
+}
+
+void ShowConcentrations(Program& program, const std::string& samples, const std::string& output) {
+  OpenPlots(program, samples, "several_files.evt",
+            "a rising concentration, which is the relevant value of the sweeps");
+  WidenAxes(program);
+  KeepPlots(program, output, "several_files");
   program.CommandDone(kClose);
 }
 
 }  // namespace
 
 void ShowPlots(Program& program, const std::string& samples, const std::string& output) {
-  for (const PlotTour& tour : kTours) ShowSample(program, tour, samples, output);
+  ShowDrift(program, samples, output);
+  ShowConcentrations(program, samples, output);
 }
 
 }  // namespace ondrel::e2e
