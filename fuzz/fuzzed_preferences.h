@@ -6,6 +6,7 @@
 // to a line end is its new text.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -32,8 +33,8 @@ inline constexpr char kRecording[] =
     "1 0.5 0 1E-12 1 0 1 1.5 1E-12 0 0 0 1 2 0 2E-12 2 3 1 2.25 2E-12 1E-12 1 0 1 2.5 1E-12 0 0 4 "
     "2 1 0 1E-12 1 0 2 1.001 1E-12 0 0 0 2 1.5 0 1E-12 1 0 2 3 1E-12 0 0 7";
 
-/// Enough for some ten thousand bins and samples; what asks for more is told that there is none.
-inline constexpr std::size_t kMemory = std::size_t{1} << 19;
+/// Enough for tens of thousands of bins and samples; what asks for more is told that there is none.
+inline constexpr std::size_t kMemory = std::size_t{1} << 21;
 
 inline void Check(bool condition, const char* what) {
   if (condition) return;
@@ -113,7 +114,7 @@ inline void UseProgram(FrameWindow* frame, const std::string& recording) {
   };
   shell.FileChoices.push_back(recording);
   choose(command::kOpen);
-  // The view menus' commands are allowed while a view is active.
+  // Twice: what stands in the menu of a view may come before the view is opened.
   const std::vector<CommandId> commands = SafeCommands();
   for (int round = 0; round < 2; ++round) {
     for (const CommandId command : commands) {
@@ -123,8 +124,8 @@ inline void UseProgram(FrameWindow* frame, const std::string& recording) {
       });
       choose(command);
     }
-    PaintAll();
   }
+  PaintAll();
   choose(command::kClose);
 }
 

@@ -8,7 +8,7 @@ double SourceValue(const SweepTable& sweeps, const LevelRecord& level, ScatterVa
   if (value == ScatterValue::LevelTag) return level.TagValue;
   const SweepRecord* sweep = GetSweepByNumber(sweeps, level.Sweep);
   if (sweep == nullptr) return std::numeric_limits<double>::quiet_NaN();
-  return value == ScatterValue::SweepRelevant ? sweep->RelevantValue : sweep->TagValue;
+  return value == ScatterValue::SweepTag ? sweep->TagValue : sweep->RelevantValue;
 }
 
 }  // namespace ondrel

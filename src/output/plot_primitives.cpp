@@ -79,13 +79,13 @@ void DrawBars(const Drawing& drawing, HistogramStyle style, double left, double 
     case HistogramStyle::Filled:
       drawing.Sink.DrawFilledBars(drawing.Context, left, base, right, top, bins);
       return;
-    case HistogramStyle::Outlined:
-      drawing.Sink.DrawBarOutline(drawing.Context, left, base, right, top, bins);
-      return;
     case HistogramStyle::Rectangles:
+      drawing.Sink.DrawBarRectangles(drawing.Context, left, base, right, top, bins);
+      return;
+    case HistogramStyle::Outlined:
       break;
   }
-  drawing.Sink.DrawBarRectangles(drawing.Context, left, base, right, top, bins);
+  drawing.Sink.DrawBarOutline(drawing.Context, left, base, right, top, bins);
 }
 
 void DrawAmplitudeCurve(const Drawing& drawing, const AmplitudeHistogram& fit, double left,

@@ -136,6 +136,12 @@ bool Takes(const NumberRule& rule, double number) {
   return number >= rule.Low && number <= rule.High && !(rule.AboveLow && number == rule.Low);
 }
 
+/// Whether the dialog takes the setting as it is stored.
+bool TakesStored(const DialogField& field, const FieldValue& value) {
+  if (field.Kind == FieldKind::Integer) return Takes(field.Rule, value.Integer);
+  return Takes(field.Rule, value.Real / field.Form.Unit);
+}
+
 /// An empty field is no number, though the number text of a table reads one as 0.
 bool ReadNumber(const DialogField& field, const char* text, FieldValue& value) {
   if (text[0] == '\0') return false;
@@ -145,33 +151,41 @@ bool ReadNumber(const DialogField& field, const char* text, FieldValue& value) {
   double number = 0.0;
   if (ParseReal(&number, text) != 0 || !Takes(field.Rule, number)) return false;
   value.Real = number * field.Form.Unit;
-  return true;
+  return !field.Rule.AboveLow || value.Real > field.Rule.Low;  // the unit can make it vanish
 }
 
 /// A field shows fewer digits than its setting has: as long as its text is still the same, so is
-/// the setting.
+/// the setting, and it is the setting that is judged.
 bool CheckNumber(toolkit::DialogRecord& dialog, DialogRun& run, std::size_t index) {
   const DialogField& field = run.Table.Fields[index];
-  char text[kNumberTextSize] = "";
+  const FieldValue& stored = run.Stored[index];
+  char text[kNumberTextSize + 1] = "";
   char former[kNumberTextSize] = "";
   toolkit::GetControlText(dialog, field.Control, text, sizeof text);
-  NumberText(field, run.Stored[index], former);
+  NumberText(field, stored, former);
+  if (std::strcmp(text, former) == 0) {
+    run.Values[index] = stored;
+    return TakesStored(field, stored);
+  }
   FieldValue value;
-  if (!ReadNumber(field, text, value)) return false;
-  run.Values[index] = std::strcmp(text, former) == 0 ? run.Stored[index] : value;
+  const bool isCut = std::strlen(text) >= kNumberTextSize;  // there may be more behind it
+  if (isCut || !ReadNumber(field, text, value)) return false;
+  run.Values[index] = value;
   return true;
 }
 
 bool SelectRadio(toolkit::DialogRecord& dialog, DialogRun& run, std::size_t index, int control) {
   const DialogField& field = run.Table.Fields[index];
   run.Values[index].Integer = control - field.Control;
-  return ShowRadio(dialog, field, run.Values[index]);
+  (void)ShowRadio(dialog, field, run.Values[index]);
+  return true;
 }
 
 bool ToggleCheck(toolkit::DialogRecord& dialog, DialogRun& run, std::size_t index) {
   FieldValue& value = run.Values[index];
   value.Integer = value.Integer != 0 ? 0 : 1;
-  return toolkit::SetChecked(dialog, run.Table.Fields[index].Control, value.Integer != 0);
+  (void)toolkit::SetChecked(dialog, run.Table.Fields[index].Control, value.Integer != 0);
+  return true;
 }
 
 bool ChooseText(toolkit::DialogRecord& dialog, DialogRun& run, std::size_t index) {

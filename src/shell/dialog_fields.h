@@ -9,6 +9,7 @@
 #include <span>
 
 #include "shell/toolkit.h"
+#include "workspace/units.h"
 
 namespace ondrel {
 
@@ -36,6 +37,8 @@ struct RealForm {
   int Decimals = 2;
   char Notation = 'f';  // or 'E'
 };
+
+inline constexpr RealForm kPicoamperes{.Unit = kPicoampere};  // a setting in A
 
 struct DialogField {
   int Control;

@@ -51,9 +51,11 @@ FileSettings CopySettings(const Workspace& workspace) {
 
 /// The fit parameter views keep their picture on this path.
 void MarkViewsOfNewSizes(Workspace& workspace) {
-  for (ViewState& view : workspace.Views) view.NeedsRebuild = true;
-  ViewOf(workspace, ViewKind::AmplitudeFit).NeedsRebuild = false;
-  ViewOf(workspace, ViewKind::DurationFit).NeedsRebuild = false;
+  for (std::size_t i = 0; i < kViewCount; ++i) {
+    const auto kind = static_cast<ViewKind>(i);
+    const bool isFit = kind == ViewKind::AmplitudeFit || kind == ViewKind::DurationFit;
+    if (!isFit) ViewOf(workspace, kind).NeedsRebuild = true;
+  }
 }
 
 void StoreSettings(Workspace& workspace, const FileSettings& settings) {

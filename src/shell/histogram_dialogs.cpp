@@ -6,6 +6,8 @@
 #include "fit/duration_histogram.h"
 #include "shell/dialog_fields.h"
 #include "shell/histogram_commands.h"
+#include "shell/toolkit.h"
+#include "views/histogram_layout.h"
 #include "views/view_window.h"
 #include "workspace/workspace.h"
 
@@ -77,9 +79,22 @@ void EditFitSettings(FrameWindow* frame, Histogram& histogram) {
   (void)EditSettings(frame, kTable, histogram);
 }
 
+/// A press of the mouse can come before the window is painted and finds the new axes in place.
+void LayOutAgain(Workspace& workspace, ViewKind histogram) {
+  ChildWindow* window = ViewOf(workspace, histogram).Window;
+  if (window == nullptr) return;
+  const IntRect client = toolkit::ClientRect(window);
+  if (histogram == ViewKind::Amplitude) {
+    LayoutAmplitude(workspace, workspace.ScreenSink, client);
+  } else {
+    LayoutCountedDuration(workspace, workspace.ScreenSink, client);
+  }
+}
+
 void EditDuration(FrameWindow* frame, const DialogTable& table) {
   Workspace& workspace = *frame->Owner;
   if (!EditSettings(frame, table, workspace.Duration)) return;
+  LayOutAgain(workspace, ViewKind::Duration);
   BuildDurationHistogram(workspace);
   ShowRescaled(workspace, ViewKind::Duration);
 }
@@ -89,6 +104,7 @@ void EditDuration(FrameWindow* frame, const DialogTable& table) {
 void AmplitudeScalingCommand(FrameWindow* frame) {
   Workspace& workspace = *frame->Owner;
   if (!EditSettings(frame, kAmplitudeScaling, workspace.Amplitude)) return;
+  LayOutAgain(workspace, ViewKind::Amplitude);
   BuildAmplitudeHistogram(workspace);
   ShowRescaled(workspace, ViewKind::Amplitude);
 }

@@ -12,7 +12,6 @@
 namespace ondrel {
 namespace {
 
-constexpr RealForm kPicoamperes{.Unit = kPicoampere};
 constexpr RealForm kMilliseconds{.Unit = kMillisecond, .Decimals = 3};
 
 // --- Events --------------------------------------------------------------------------------------

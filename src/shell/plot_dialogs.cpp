@@ -5,6 +5,7 @@
 #include "derived/statistics.h"
 #include "shell/dialog_fields.h"
 #include "views/all_views.h"
+#include "views/view_window.h"
 #include "workspace/units.h"
 #include "workspace/workspace.h"
 
@@ -21,8 +22,6 @@ template <typename Settings>
 void EditPlot(FrameWindow* frame, const DialogTable& table, Settings& settings, ViewKind view) {
   if (EditSettings(frame, table, settings)) ShowChanged(*frame->Owner, view);
 }
-
-constexpr RealForm kPicoamperes{.Unit = kPicoampere};
 
 // --- Scaling of the scatter plots ----------------------------------------------------------------
 
@@ -75,7 +74,7 @@ constexpr DialogField kScatterStyleFields[] = {
 template <typename Settings>
 void EditScatterStyle(FrameWindow* frame, Settings& settings, ViewKind view) {
   constexpr DialogTable kTable{.Resource = 137, .Fields = kScatterStyleFields<Settings>};
-  EditPlot(frame, kTable, settings, view);
+  if (EditSettings(frame, kTable, settings)) RepaintView(*frame->Owner, view);
 }
 
 constexpr DialogField kStationarityStyleFields[] = {
@@ -142,7 +141,9 @@ void StationaritySettingsCommand(FrameWindow* frame) {
 }
 
 void StationarityStyleCommand(FrameWindow* frame) {
-  EditPlot(frame, kStationarityStyle, frame->Owner->Stationarity, ViewKind::Stationarity);
+  Workspace& workspace = *frame->Owner;
+  if (!EditSettings(frame, kStationarityStyle, workspace.Stationarity)) return;
+  RepaintView(workspace, ViewKind::Stationarity);
 }
 
 void StatisticsSettingsCommand(FrameWindow* frame) {

@@ -117,7 +117,7 @@ void PlaceFirstTerms(Workspace& workspace) {
 void LayOutHistograms(Workspace& workspace) {
   const GraphicsSink& sink = workspace.ScreenSink;
   LayoutAmplitude(workspace, sink, ViewOf(workspace, ViewKind::Amplitude).ViewRect);
-  LayoutDuration(workspace, sink, ViewOf(workspace, ViewKind::Duration).ViewRect);
+  LayoutCountedDuration(workspace, sink, ViewOf(workspace, ViewKind::Duration).ViewRect);
 }
 
 }  // namespace

@@ -45,6 +45,11 @@ void LayoutAmplitude(Workspace& workspace, const GraphicsSink& sink, const IntRe
 }
 
 void LayoutDuration(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
+  if (workspace.Duration.Bins == nullptr) BuildDurationHistogram(workspace);
+  LayoutCountedDuration(workspace, sink, rect);
+}
+
+void LayoutCountedDuration(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
   DurationHistogram& histogram = workspace.Duration;
   GraphFrame& frame = ViewOf(workspace, ViewKind::Duration).Frame;
   frame = FrameIn(rect);
@@ -54,8 +59,6 @@ void LayoutDuration(Workspace& workspace, const GraphicsSink& sink, const IntRec
   }
   histogram.PixelsPerBin = WidthOfBin({sink, workspace.Graphics}, frame, CountBins(histogram));
   histogram.PixelsPerDecade = BinsPerDecadeOf(histogram) * histogram.PixelsPerBin;
-  const bool hasData = workspace.Levels.Index != nullptr;
-  if (histogram.Bins == nullptr && hasData) BuildDurationHistogram(workspace);
 
   const double countsPerTick = AtLeastOne(histogram.CountsPerTick);
   double intervals = std::trunc(histogram.YMaximum / countsPerTick);

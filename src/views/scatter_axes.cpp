@@ -13,12 +13,12 @@ const char* TitleOf(ScatterValue value) {
   switch (value) {
     case ScatterValue::LevelTag:
       return "Level Tag Value";
-    case ScatterValue::SweepRelevant:
-      return "Sweep Relevant Value";
     case ScatterValue::SweepTag:
+      return "Sweep Tag Value";
+    case ScatterValue::SweepRelevant:
       break;
   }
-  return "Sweep Tag Value";
+  return "Sweep Relevant Value";
 }
 
 // --- The logarithmic axis ------------------------------------------------------------------------

@@ -25,7 +25,7 @@ void BeginScreenDrawing(Workspace& workspace, const DeviceRecord& device,
   const double dpi = toolkit::DeviceDpi(context.Device);
   // Multiplied first: a size that is a whole number of device units is to come out as one.
   const double penWidth = std::ceil(workspace.PenSize * dpi / kPointsPerInch);
-  toolkit::SetPenWidth(context.Device, std::max(TruncateToInteger(penWidth), 1));
+  toolkit::SetPenWidth(context.Device, std::max(TruncateToInteger(penWidth), 0));
   const double fontHeight = std::max(workspace.FontSize, 1) * dpi / kPointsPerInch;
   toolkit::SetFontHeight(context.Device, TruncateToInteger(fontHeight));
 }

@@ -14,10 +14,17 @@ using ApplicationTest = ProgramTest;
 constexpr int kFileSettings = 122;
 
 TEST_F(ApplicationTest, AFirstRunWelcomesTheUser) {
+  const auto expectWelcome = [&] {
+    ASSERT_THAT(Messages(), ElementsAre("Welcome to Ondrel for Windows X4.3.3!"));
+    EXPECT_EQ(shell().Boxes[0].Icon, toolkit::BoxIcon::Information);
+    EXPECT_EQ(shell().Boxes[0].Buttons, toolkit::BoxButtons::Ok);
+  };
+  EXPECT_EQ(Run(expectWelcome), 0);
+}
+
+TEST_F(ApplicationTest, WithoutAFolderForProgramsTheEndTellsThatNothingIsSaved) {
   EXPECT_EQ(Run([] {}), 0);
-  ASSERT_THAT(Messages(), ElementsAre("Welcome to Ondrel for Windows X4.3.3!"));
-  EXPECT_EQ(shell().Boxes[0].Icon, toolkit::BoxIcon::Information);
-  EXPECT_EQ(shell().Boxes[0].Buttons, toolkit::BoxButtons::Ok);
+  EXPECT_EQ(Messages().back(), "Ondrel could not save the preferences. Error code 3.");
 }
 
 TEST_F(ApplicationTest, TheStartupDialogIsShownBeforeTheMessageLoop) {

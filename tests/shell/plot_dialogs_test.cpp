@@ -230,6 +230,17 @@ TEST_F(PlotSettingsTest, ACancelledStationarityRefreshesNothing) {
   });
 }
 
+TEST_F(PlotSettingsTest, AKernelWhoseWidthVanishesInSecondsIsRefused) {
+  RunWithAllViews([&] {
+    RunDialog(55041, [](scripted::OpenDialog& dialog) {
+      dialog.Type(5, "1e-323");
+      EXPECT_FALSE(dialog.At(kOk).Enabled);
+      dialog.Type(5, "1e-320");
+      EXPECT_TRUE(dialog.At(kOk).Enabled);
+    });
+  });
+}
+
 TEST_F(PlotSettingsTest, TheTypeChangesTheTitleOfTheAxis) {
   RunWithAllViews([&] {
     RunDialog(55041, [](scripted::OpenDialog& dialog) {

@@ -91,12 +91,12 @@ struct DialogRows {
   std::string Name;
   CommandId Command;
   int Resource;
-  std::vector<EditRow> Edits;
-  std::vector<ListRow> Lists;
-  std::vector<CheckRow> Checks;
-  std::vector<RadioRow> Radios;
-  std::vector<ViewKind> Repainted;  // once something else was entered, in their order
-  bool ActsUnchanged = true;        // the same although nothing was
+  std::vector<EditRow> Edits{};
+  std::vector<ListRow> Lists{};
+  std::vector<CheckRow> Checks{};
+  std::vector<RadioRow> Radios{};
+  std::vector<ViewKind> Repainted{};  // once something else was entered, in their order
+  bool ActsUnchanged = true;          // the same although nothing was
 
   friend std::ostream& operator<<(std::ostream& stream, const DialogRows& rows) {
     return stream << rows.Name;

@@ -217,6 +217,7 @@ void GetControlText(DialogRecord& dialog, int control, char* text, std::size_t s
 }
 
 bool SetChecked(DialogRecord& dialog, int control, bool checked) {
+  if (TheShell().ControlText.Strikes()) return false;
   DialogOf(dialog).At(control).Checked = checked;
   return true;
 }

@@ -140,7 +140,7 @@ struct Shell {
   Fault Write;
   Fault Close;  // the file is closed all the same
   Fault UserFolderFault;
-  Fault ControlText;
+  Fault ControlText;  // also check boxes and lists
   Fault CreateFrame;
   Fault CreateChild;
   std::size_t LargestAllocation = std::size_t{1} << 31;  // larger ones are refused without trying

@@ -154,7 +154,7 @@ TEST_F(HistogramLayoutTest, NothingPerTickOrDecadeCountsAsOneBin) {
   LayAmplitude();
   LayDuration();
   EXPECT_DOUBLE_EQ(amplitude().PixelsPerTick, amplitude().PixelsPerBin);
-  EXPECT_DOUBLE_EQ(amplitude().PixelsPerBin, 1260.0);
+  EXPECT_DOUBLE_EQ(amplitude().PixelsPerBin, 252.0) << "one for each of the five ticks";
   EXPECT_DOUBLE_EQ(duration().PixelsPerDecade, duration().PixelsPerBin);
 }
 

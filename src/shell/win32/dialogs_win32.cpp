@@ -38,7 +38,10 @@ void OnCommand(DialogRun& run, int control) {
 INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_INITDIALOG) {
     OnInitialize(dialog, *reinterpret_cast<DialogRun*>(lParam));
-    return TRUE;
+    // What Windows chose before the controls were filled may be a radio button that is not checked.
+    SendMessageA(dialog, WM_NEXTDLGCTL,
+                 reinterpret_cast<WPARAM>(GetNextDlgTabItem(dialog, nullptr, FALSE)), TRUE);
+    return FALSE;
   }
   DialogRun* run = RunOf(dialog);
   if (run == nullptr) return FALSE;
@@ -95,6 +98,19 @@ int RunDialog(FrameWindow* frame, int resource, const DialogOperations& operatio
   return static_cast<int>(result);
 }
 
+namespace {
+
+/// The Tab key and the first focus go to the radio button that is checked: one that is not would
+/// take the focus for a press.
+void KeepTabOnChecked(HWND button, bool checked) {
+  const LONG_PTR style = GetWindowLongPtrA(button, GWL_STYLE);
+  if ((style & BS_TYPEMASK) != BS_RADIOBUTTON) return;
+  const LONG_PTR tabStop = WS_TABSTOP;
+  SetWindowLongPtrA(button, GWL_STYLE, checked ? style | tabStop : style & ~tabStop);
+}
+
+}  // namespace
+
 bool SetControlText(DialogRecord& dialog, int control, const char* text) {
   return SetDlgItemTextA(HandleOf(dialog), control, text) != FALSE;
 }
@@ -106,6 +122,7 @@ void GetControlText(DialogRecord& dialog, int control, char* text, std::size_t s
 }
 
 bool SetChecked(DialogRecord& dialog, int control, bool checked) {
+  KeepTabOnChecked(GetDlgItem(HandleOf(dialog), control), checked);
   return CheckDlgButton(HandleOf(dialog), control,
                         static_cast<UINT>(checked ? BST_CHECKED : BST_UNCHECKED)) != FALSE;
 }

@@ -84,10 +84,17 @@ std::string Caption(const Window& control) {
   }
 }
 
+/// Asked in the wide form: Wine hands over the wide text whatever form was asked for.
 std::string ListText(const Window& list, int place) {
-  std::array<char, 256> text{};
-  list.Send(CB_GETLBTEXT, static_cast<WPARAM>(place), reinterpret_cast<LPARAM>(text.data()));
-  return text.data();
+  std::array<wchar_t, 256> text{};
+  DWORD_PTR length = 0;
+  SendMessageTimeoutW(list.Handle(), CB_GETLBTEXT, static_cast<WPARAM>(place),
+                      reinterpret_cast<LPARAM>(text.data()), SMTO_NORMAL, kPatience, &length);
+  std::string narrow;
+  for (std::size_t i = 0; i < text.size() && text[i] != 0; ++i) {
+    narrow += static_cast<char>(text[i]);
+  }
+  return narrow;
 }
 
 std::string Choices(const Window& list) {
