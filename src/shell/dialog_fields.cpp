@@ -27,14 +27,14 @@ struct DialogRun {
 // --- The record ----------------------------------------------------------------------------------
 
 template <typename Value>
-Value Load(const std::byte* place) {
+Value Load(const void* place) {
   Value value;
   std::memcpy(&value, place, sizeof value);
   return value;
 }
 
-FieldValue LoadField(const DialogField& field, const std::byte* settings) {
-  const std::byte* place = settings + field.Offset;
+FieldValue LoadField(const DialogField& field, void* settings) {
+  const void* place = field.Find(settings);
   switch (field.Kind) {
     case FieldKind::Integer:
       return {.Integer = Load<std::int32_t>(place)};
@@ -49,8 +49,8 @@ FieldValue LoadField(const DialogField& field, const std::byte* settings) {
   return {};
 }
 
-void StoreField(const DialogField& field, const FieldValue& value, std::byte* settings) {
-  std::byte* place = settings + field.Offset;
+void StoreField(const DialogField& field, const FieldValue& value, void* settings) {
+  void* place = field.Find(settings);
   const auto byte = static_cast<std::uint8_t>(value.Integer);  // also what a flag is
   switch (field.Kind) {
     case FieldKind::Integer:
@@ -248,10 +248,9 @@ int Command(toolkit::DialogRecord& dialog, int control, void* user) {
 }  // namespace
 
 int RunFieldDialog(FrameWindow* frame, const DialogTable& table, void* settings) {
-  auto* const record = static_cast<std::byte*>(settings);
   DialogRun run{.Table = table, .Stored = {}, .Values = {}};
   for (std::size_t i = 0; i < table.Fields.size(); ++i) {
-    run.Stored[i] = LoadField(table.Fields[i], record);
+    run.Stored[i] = LoadField(table.Fields[i], settings);
     run.Values[i] = run.Stored[i];
     LimitChoice(table.Fields[i], run.Values[i]);
   }
@@ -260,7 +259,7 @@ int RunFieldDialog(FrameWindow* frame, const DialogTable& table, void* settings)
   const int button = toolkit::RunDialog(frame, table.Resource, operations, &run);
   if (!Stores(table, button)) return button;
   for (std::size_t i = 0; i < table.Fields.size(); ++i) {
-    StoreField(table.Fields[i], run.Values[i], record);
+    StoreField(table.Fields[i], run.Values[i], settings);
   }
   return button;
 }

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <limits>
 #include <span>
+#include <type_traits>
 
 #include "shell/toolkit.h"
 #include "workspace/units.h"
@@ -43,36 +44,68 @@ inline constexpr RealForm kPicoamperes{.Unit = kPicoampere};  // a setting in A
 struct DialogField {
   int Control;
   FieldKind Kind;
-  std::size_t Offset;  // of the setting in its record: int32, double, bool, or a byte that counts
-                       // radio buttons or texts from 0
+  void* (*Find)(void* settings);  // the setting in its record: an int32, a double, a bool, or a
+                                  // byte that counts radio buttons or texts from 0
   NumberRule Rule{};
   RealForm Form{};
   int LastControl = 0;  // of radio buttons
   std::span<const char* const> Texts{};
 };
 
+// Rows of a dialog. `kMember` is the setting as a member of the record that the dialog edits.
+
+template <typename Member>
+struct MemberParts;
+template <typename RecordType, typename ValueType>
+struct MemberParts<ValueType RecordType::*> {
+  using Record = RecordType;
+  using Value = ValueType;
+};
+template <auto kMember>
+using RecordOf = typename MemberParts<decltype(kMember)>::Record;
+template <auto kMember>
+using ValueOf = typename MemberParts<decltype(kMember)>::Value;
+
+template <auto kMember>
+void* FindMember(void* settings) {
+  return &(static_cast<RecordOf<kMember>*>(settings)->*kMember);
+}
+
 /// An integer from `low` to `high`.
-constexpr DialogField IntegerField(int control, std::size_t offset,
+template <auto kMember>
+constexpr DialogField IntegerField(int control,
                                    std::int32_t low = std::numeric_limits<std::int32_t>::min(),
                                    std::int32_t high = std::numeric_limits<std::int32_t>::max()) {
+  static_assert(std::is_same_v<ValueOf<kMember>, std::int32_t>);
   return {control,
           FieldKind::Integer,
-          offset,
+          FindMember<kMember>,
           {.Low = static_cast<double>(low), .High = static_cast<double>(high)}};
 }
-constexpr DialogField RealField(int control, std::size_t offset, NumberRule rule,
-                                RealForm form = {}) {
-  return {control, FieldKind::Real, offset, rule, form};
+
+template <auto kMember>
+constexpr DialogField RealField(int control, NumberRule rule, RealForm form = {}) {
+  static_assert(std::is_same_v<ValueOf<kMember>, double>);
+  return {control, FieldKind::Real, FindMember<kMember>, rule, form};
 }
-constexpr DialogField CheckField(int control, std::size_t offset) {
-  return {control, FieldKind::Check, offset};
+
+template <auto kMember>
+constexpr DialogField CheckField(int control) {
+  static_assert(std::is_same_v<ValueOf<kMember>, bool>);
+  return {control, FieldKind::Check, FindMember<kMember>};
 }
-constexpr DialogField RadioField(int first, int last, std::size_t offset) {
-  return {.Control = first, .Kind = FieldKind::Radio, .Offset = offset, .LastControl = last};
+
+template <auto kMember>
+constexpr DialogField RadioField(int first, int last) {
+  static_assert(sizeof(ValueOf<kMember>) == 1);
+  return {
+      .Control = first, .Kind = FieldKind::Radio, .Find = FindMember<kMember>, .LastControl = last};
 }
-constexpr DialogField ListField(int control, std::size_t offset,
-                                std::span<const char* const> texts) {
-  return {.Control = control, .Kind = FieldKind::List, .Offset = offset, .Texts = texts};
+
+template <auto kMember>
+constexpr DialogField ListField(int control, std::span<const char* const> texts) {
+  static_assert(sizeof(ValueOf<kMember>) == 1);
+  return {.Control = control, .Kind = FieldKind::List, .Find = FindMember<kMember>, .Texts = texts};
 }
 
 inline constexpr int kOkButton = 1;
@@ -90,7 +123,7 @@ struct DialogTable {
   int CancelButton = kCancelButton;
 };
 
-/// Runs the dialog on `settings`, the record that the fields' offsets refer to. A button that
+/// Runs the dialog on `settings`, the record whose members the fields are. A button that
 /// stores writes into it what the user entered; a field that still reads as it did keeps its
 /// setting to the last digit. Returns the button that ended the dialog, or -1 when it could not be
 /// shown.

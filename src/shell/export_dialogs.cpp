@@ -1,7 +1,5 @@
 #include "shell/export_dialogs.h"
 
-#include <cstddef>
-
 #include "shell/dialog_fields.h"
 #include "workspace/units.h"
 #include "workspace/workspace.h"
@@ -25,10 +23,10 @@ constexpr NumberRule kWidthRule{.Low = 5.0, .High = kLargestSize};
 constexpr const char* kGraphForms[] = {"Adobe Illustrator", "Clipboard", "EPS", "Metafile"};
 
 constexpr DialogField kGraphFields[] = {
-    RealField(5, offsetof(GraphExport, Height), kHeightRule),
-    RealField(7, offsetof(GraphExport, Width), kWidthRule),
-    ListField(8, offsetof(GraphExport, Type), kGraphForms),
-    RealField(11, offsetof(GraphExport, Resolution), kPositive),
+    RealField<&GraphExport::Height>(5, kHeightRule),
+    RealField<&GraphExport::Width>(7, kWidthRule),
+    ListField<&GraphExport::Type>(8, kGraphForms),
+    RealField<&GraphExport::Resolution>(11, kPositive),
 };
 constexpr DialogTable kGraphDialog{.Resource = 131, .Fields = kGraphFields};
 
@@ -36,14 +34,14 @@ constexpr DialogTable kGraphDialog{.Resource = 131, .Fields = kGraphFields};
 
 constexpr const char* kTextForms[] = {"Excel", "Igor"};
 constexpr DialogField kTextFields[] = {
-    ListField(3, offsetof(Workspace, TextExportType), kTextForms),
-    CheckField(4, offsetof(Workspace, LimitToWindow)),
+    ListField<&Workspace::TextExportType>(3, kTextForms),
+    CheckField<&Workspace::LimitToWindow>(4),
 };
 constexpr DialogTable kTextDialog{.Resource = 129, .Fields = kTextFields};
 
 constexpr const char* kLevelForms[] = {"QUB", "Ond"};
 constexpr DialogField kLevelFields[] = {
-    ListField(3, offsetof(Workspace, LevelFileType), kLevelForms),
+    ListField<&Workspace::LevelFileType>(3, kLevelForms),
 };
 constexpr DialogTable kLevelDialog{.Resource = 144, .Fields = kLevelFields};
 

@@ -26,11 +26,11 @@ struct FileSettings {
 };
 
 constexpr DialogField kFields[] = {
-    IntegerField(6, offsetof(FileSettings, EventEntries), 1),
-    IntegerField(8, offsetof(FileSettings, SweepEntries), 1),
-    IntegerField(10, offsetof(FileSettings, FontSize), 1),
-    RealField(12, offsetof(FileSettings, PenSize), kPositive),
-    CheckField(13, offsetof(FileSettings, SkipStartupDialog)),
+    IntegerField<&FileSettings::EventEntries>(6, 1),
+    IntegerField<&FileSettings::SweepEntries>(8, 1),
+    IntegerField<&FileSettings::FontSize>(10, 1),
+    RealField<&FileSettings::PenSize>(12, kPositive),
+    CheckField<&FileSettings::SkipStartupDialog>(13),
 };
 constexpr int kStoringButtons[] = {kOpenFileButton, kStoreButton};
 

@@ -1,7 +1,5 @@
 #include "shell/histogram_dialogs.h"
 
-#include <cstddef>
-
 #include "fit/amplitude_histogram.h"
 #include "fit/duration_histogram.h"
 #include "shell/dialog_fields.h"
@@ -20,30 +18,30 @@ namespace {
 constexpr NumberRule kAmplitudeMinimum{.Low = -8000.0, .High = 8000.0};
 
 constexpr DialogField kAmplitudeScalingFields[] = {
-    RealField(5, offsetof(AmplitudeHistogram, Minimum), kAmplitudeMinimum),
-    RealField(7, offsetof(AmplitudeHistogram, PerTick), kPositive),
-    IntegerField(9, offsetof(AmplitudeHistogram, TickMarks), 2),
-    IntegerField(11, offsetof(AmplitudeHistogram, BinsPerTick), 1),
-    RadioField(13, 14, offsetof(AmplitudeHistogram, SquareRootAxis)),
-    IntegerField(16, offsetof(AmplitudeHistogram, CountsPerTick), 1),
-    IntegerField(18, offsetof(AmplitudeHistogram, MinimumTicks), 2),
+    RealField<&AmplitudeHistogram::Minimum>(5, kAmplitudeMinimum),
+    RealField<&AmplitudeHistogram::PerTick>(7, kPositive),
+    IntegerField<&AmplitudeHistogram::TickMarks>(9, 2),
+    IntegerField<&AmplitudeHistogram::BinsPerTick>(11, 1),
+    RadioField<&AmplitudeHistogram::SquareRootAxis>(13, 14),
+    IntegerField<&AmplitudeHistogram::CountsPerTick>(16, 1),
+    IntegerField<&AmplitudeHistogram::MinimumTicks>(18, 2),
 };
 constexpr DialogTable kAmplitudeScaling{.Resource = 125, .Fields = kAmplitudeScalingFields};
 
 constexpr DialogField kDurationScalingFields[] = {
-    IntegerField(5, offsetof(DurationHistogram, MinimumExponent)),
-    IntegerField(7, offsetof(DurationHistogram, Decades), 1),
-    IntegerField(9, offsetof(DurationHistogram, TicksPerDecade), 1),
-    IntegerField(11, offsetof(DurationHistogram, BinsPerDecade), 1),
-    RadioField(13, 14, offsetof(DurationHistogram, SquareRootAxis)),
-    CheckField(15, offsetof(DurationHistogram, ConstrainPositive)),
-    IntegerField(17, offsetof(DurationHistogram, CountsPerTick), 1),
-    IntegerField(19, offsetof(DurationHistogram, MinimumTicks), 2),
+    IntegerField<&DurationHistogram::MinimumExponent>(5),
+    IntegerField<&DurationHistogram::Decades>(7, 1),
+    IntegerField<&DurationHistogram::TicksPerDecade>(9, 1),
+    IntegerField<&DurationHistogram::BinsPerDecade>(11, 1),
+    RadioField<&DurationHistogram::SquareRootAxis>(13, 14),
+    CheckField<&DurationHistogram::ConstrainPositive>(15),
+    IntegerField<&DurationHistogram::CountsPerTick>(17, 1),
+    IntegerField<&DurationHistogram::MinimumTicks>(19, 2),
 };
 constexpr DialogTable kDurationScaling{.Resource = 126, .Fields = kDurationScalingFields};
 
 constexpr DialogField kCorrectionFields[] = {
-    RealField(4, offsetof(DurationHistogram, FilterFrequency), kPositive),
+    RealField<&DurationHistogram::FilterFrequency>(4, kPositive),
 };
 constexpr DialogTable kCorrection{.Resource = 132, .Fields = kCorrectionFields};
 
@@ -54,10 +52,10 @@ constexpr const char* kHistogramStyles[] = {"Filled", "Outlined", "Rectangles"};
 
 template <typename Histogram>
 constexpr DialogField kStyleFields[] = {
-    ListField(5, offsetof(Histogram, FitStyle), kFitStyles),
-    ListField(4, offsetof(Histogram, HistogramStyle), kHistogramStyles),
-    CheckField(7, offsetof(Histogram, ShowAxes)),
-    CheckField(8, offsetof(Histogram, ShowLabels)),
+    ListField<&Histogram::FitStyle>(5, kFitStyles),
+    ListField<&Histogram::HistogramStyle>(4, kHistogramStyles),
+    CheckField<&Histogram::ShowAxes>(7),
+    CheckField<&Histogram::ShowLabels>(8),
 };
 
 template <typename Histogram>
@@ -69,8 +67,8 @@ void EditStyle(FrameWindow* frame, Histogram& histogram, ViewKind view) {
 /// The tolerance need not be positive: with 0 a fit goes on until two passes give the same value.
 template <typename Histogram>
 constexpr DialogField kFitFields[] = {
-    RealField(4, offsetof(Histogram, FitTolerance), kAnyReal, {.Decimals = 4, .Notation = 'E'}),
-    IntegerField(6, offsetof(Histogram, FitIterations), 1),
+    RealField<&Histogram::FitTolerance>(4, kAnyReal, {.Decimals = 4, .Notation = 'E'}),
+    IntegerField<&Histogram::FitIterations>(6, 1),
 };
 
 template <typename Histogram>

@@ -1,7 +1,5 @@
 #include "shell/level_dialogs.h"
 
-#include <cstddef>
-
 #include "derived/derived_chain.h"
 #include "derived/selection_settings.h"
 #include "shell/dialog_fields.h"
@@ -22,13 +20,13 @@ constexpr const char* kTagSources[] = {"Closing count", "Event"};
 constexpr const char* kOpeningRules[] = {"Fragments", "Highest"};
 
 constexpr DialogField kEventsFields[] = {
-    ListField(4, offsetof(LevelSettings, AmplitudeMode), kAmplitudes),
-    ListField(5, offsetof(LevelSettings, Range), kRanges),
-    ListField(6, offsetof(LevelSettings, TagSource), kTagSources),
-    RealField(8, offsetof(LevelSettings, InstrumentDelay), kAnyReal, kMilliseconds),
-    ListField(10, offsetof(LevelSettings, MultipleOpenings), kOpeningRules),
-    RealField(12, offsetof(LevelSettings, BurstResolution), kNotNegative, kMilliseconds),
-    IntegerField(14, offsetof(LevelSettings, BaseLevel)),
+    ListField<&LevelSettings::AmplitudeMode>(4, kAmplitudes),
+    ListField<&LevelSettings::Range>(5, kRanges),
+    ListField<&LevelSettings::TagSource>(6, kTagSources),
+    RealField<&LevelSettings::InstrumentDelay>(8, kAnyReal, kMilliseconds),
+    ListField<&LevelSettings::MultipleOpenings>(10, kOpeningRules),
+    RealField<&LevelSettings::BurstResolution>(12, kNotNegative, kMilliseconds),
+    IntegerField<&LevelSettings::BaseLevel>(14),
 };
 constexpr DialogTable kEvents{.Resource = 123, .Fields = kEventsFields};
 
@@ -50,35 +48,35 @@ constexpr const char* kPositions[] = {"All",          "All But First", "All But 
                                       "Last"};
 
 constexpr DialogField kLevelFilterFields[] = {
-    ListField(4, offsetof(LevelFilter, AmplitudeChoice), kSelections),
-    RealField(5, offsetof(LevelFilter, AmplitudeLow), kAnyReal, kPicoamperes),
-    RealField(6, offsetof(LevelFilter, AmplitudeHigh), kAnyReal, kPicoamperes),
-    ListField(8, offsetof(LevelFilter, DurationChoice), kSelections),
-    RealField(9, offsetof(LevelFilter, DurationLow), kNotNegative, kMilliseconds),
-    RealField(10, offsetof(LevelFilter, DurationHigh), kNotNegative, kMilliseconds),
-    ListField(12, offsetof(LevelFilter, LevelChoice), kSelections),
-    IntegerField(13, offsetof(LevelFilter, LevelLow)),
-    IntegerField(14, offsetof(LevelFilter, LevelHigh)),
-    ListField(16, offsetof(LevelFilter, TagChoice), kSelections),
-    RealField(17, offsetof(LevelFilter, TagLow), kAnyReal),
-    RealField(18, offsetof(LevelFilter, TagHigh), kAnyReal),
-    ListField(20, offsetof(LevelFilter, Position), kPositions),
+    ListField<&LevelFilter::AmplitudeChoice>(4, kSelections),
+    RealField<&LevelFilter::AmplitudeLow>(5, kAnyReal, kPicoamperes),
+    RealField<&LevelFilter::AmplitudeHigh>(6, kAnyReal, kPicoamperes),
+    ListField<&LevelFilter::DurationChoice>(8, kSelections),
+    RealField<&LevelFilter::DurationLow>(9, kNotNegative, kMilliseconds),
+    RealField<&LevelFilter::DurationHigh>(10, kNotNegative, kMilliseconds),
+    ListField<&LevelFilter::LevelChoice>(12, kSelections),
+    IntegerField<&LevelFilter::LevelLow>(13),
+    IntegerField<&LevelFilter::LevelHigh>(14),
+    ListField<&LevelFilter::TagChoice>(16, kSelections),
+    RealField<&LevelFilter::TagLow>(17, kAnyReal),
+    RealField<&LevelFilter::TagHigh>(18, kAnyReal),
+    ListField<&LevelFilter::Position>(20, kPositions),
 };
 constexpr DialogTable kLevelFilter{.Resource = 124, .Fields = kLevelFilterFields};
 
 constexpr DialogField kSweepFilterFields[] = {
-    ListField(4, offsetof(SweepFilter, FileChoice), kSelections),
-    IntegerField(5, offsetof(SweepFilter, FileLow), 1),
-    IntegerField(6, offsetof(SweepFilter, FileHigh), 1),
-    ListField(8, offsetof(SweepFilter, RelevantChoice), kSelections),
-    RealField(9, offsetof(SweepFilter, RelevantLow), kAnyReal),
-    RealField(10, offsetof(SweepFilter, RelevantHigh), kAnyReal),
-    ListField(12, offsetof(SweepFilter, TagChoice), kSelections),
-    RealField(13, offsetof(SweepFilter, TagLow), kAnyReal),
-    RealField(14, offsetof(SweepFilter, TagHigh), kAnyReal),
-    ListField(16, offsetof(SweepFilter, IndexChoice), kSelections),
-    IntegerField(17, offsetof(SweepFilter, IndexLow), 1),
-    IntegerField(18, offsetof(SweepFilter, IndexHigh), 1),
+    ListField<&SweepFilter::FileChoice>(4, kSelections),
+    IntegerField<&SweepFilter::FileLow>(5, 1),
+    IntegerField<&SweepFilter::FileHigh>(6, 1),
+    ListField<&SweepFilter::RelevantChoice>(8, kSelections),
+    RealField<&SweepFilter::RelevantLow>(9, kAnyReal),
+    RealField<&SweepFilter::RelevantHigh>(10, kAnyReal),
+    ListField<&SweepFilter::TagChoice>(12, kSelections),
+    RealField<&SweepFilter::TagLow>(13, kAnyReal),
+    RealField<&SweepFilter::TagHigh>(14, kAnyReal),
+    ListField<&SweepFilter::IndexChoice>(16, kSelections),
+    IntegerField<&SweepFilter::IndexLow>(17, 1),
+    IntegerField<&SweepFilter::IndexHigh>(18, 1),
 };
 constexpr DialogTable kSweepFilter{.Resource = 134, .Fields = kSweepFilterFields};
 
@@ -108,8 +106,8 @@ void EditLevelFilter(FrameWindow* frame, LevelFilter& stored) {
 // --- Tags ----------------------------------------------------------------------------------------
 
 constexpr DialogField kLevelTagFields[] = {
-    RadioField(4, 5, offsetof(EventTable, TagSetMode)),
-    RealField(6, offsetof(EventTable, TagSetValue), kAnyReal),
+    RadioField<&EventTable::TagSetMode>(4, 5),
+    RealField<&EventTable::TagSetValue>(6, kAnyReal),
 };
 constexpr DialogTable kLevelTag{.Resource = 143, .Fields = kLevelTagFields};
 

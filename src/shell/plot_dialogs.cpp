@@ -1,7 +1,5 @@
 #include "shell/plot_dialogs.h"
 
-#include <cstddef>
-
 #include "derived/statistics.h"
 #include "shell/dialog_fields.h"
 #include "views/all_views.h"
@@ -28,37 +26,37 @@ void EditPlot(FrameWindow* frame, const DialogTable& table, Settings& settings, 
 constexpr const char* kValues[] = {"Level Tag", "Sweep Relevant", "Sweep Tag"};
 
 constexpr DialogField kAmplitudeScatterFields[] = {
-    ListField(4, offsetof(AmplitudeScatterSettings, Value), kValues),
-    RealField(6, offsetof(AmplitudeScatterSettings, Minimum), kAnyReal),
-    IntegerField(8, offsetof(AmplitudeScatterSettings, TickMarks), 1),
-    RealField(10, offsetof(AmplitudeScatterSettings, PerTick), kPositive),
-    RealField(13, offsetof(AmplitudeScatterSettings, AmplitudeMinimum), kAnyReal, kPicoamperes),
-    IntegerField(15, offsetof(AmplitudeScatterSettings, AmplitudeTicks), 2),
-    RealField(17, offsetof(AmplitudeScatterSettings, PaPerTick), kPositive),
-    RealField(19, offsetof(AmplitudeScatterSettings, SymbolSize), kPositive),
+    ListField<&AmplitudeScatterSettings::Value>(4, kValues),
+    RealField<&AmplitudeScatterSettings::Minimum>(6, kAnyReal),
+    IntegerField<&AmplitudeScatterSettings::TickMarks>(8, 1),
+    RealField<&AmplitudeScatterSettings::PerTick>(10, kPositive),
+    RealField<&AmplitudeScatterSettings::AmplitudeMinimum>(13, kAnyReal, kPicoamperes),
+    IntegerField<&AmplitudeScatterSettings::AmplitudeTicks>(15, 2),
+    RealField<&AmplitudeScatterSettings::PaPerTick>(17, kPositive),
+    RealField<&AmplitudeScatterSettings::SymbolSize>(19, kPositive),
 };
 constexpr DialogTable kAmplitudeScatterScaling{.Resource = 133, .Fields = kAmplitudeScatterFields};
 
 constexpr DialogField kDurationScatterFields[] = {
-    ListField(4, offsetof(DurationScatterSettings, Value), kValues),
-    RealField(6, offsetof(DurationScatterSettings, Minimum), kAnyReal),
-    IntegerField(8, offsetof(DurationScatterSettings, TickMarks), 2),
-    RealField(10, offsetof(DurationScatterSettings, PerTick), kPositive),
-    IntegerField(13, offsetof(DurationScatterSettings, MinimumExponent)),
-    IntegerField(15, offsetof(DurationScatterSettings, Decades), 1),
-    IntegerField(17, offsetof(DurationScatterSettings, TicksPerDecade), 1),
-    RealField(19, offsetof(DurationScatterSettings, SymbolSize), kPositive),
+    ListField<&DurationScatterSettings::Value>(4, kValues),
+    RealField<&DurationScatterSettings::Minimum>(6, kAnyReal),
+    IntegerField<&DurationScatterSettings::TickMarks>(8, 2),
+    RealField<&DurationScatterSettings::PerTick>(10, kPositive),
+    IntegerField<&DurationScatterSettings::MinimumExponent>(13),
+    IntegerField<&DurationScatterSettings::Decades>(15, 1),
+    IntegerField<&DurationScatterSettings::TicksPerDecade>(17, 1),
+    RealField<&DurationScatterSettings::SymbolSize>(19, kPositive),
 };
 constexpr DialogTable kDurationScatterScaling{.Resource = 135, .Fields = kDurationScatterFields};
 
 constexpr DialogField kScatterFields[] = {
-    IntegerField(5, offsetof(ScatterSettings, MinimumExponent)),
-    IntegerField(7, offsetof(ScatterSettings, Decades), 1),
-    IntegerField(9, offsetof(ScatterSettings, TicksPerDecade), 1),
-    RealField(12, offsetof(ScatterSettings, Minimum), kAnyReal, kPicoamperes),
-    IntegerField(14, offsetof(ScatterSettings, Ticks), 1),
-    RealField(16, offsetof(ScatterSettings, PaPerTick), kPositive),
-    RealField(18, offsetof(ScatterSettings, SymbolSize), kPositive),
+    IntegerField<&ScatterSettings::MinimumExponent>(5),
+    IntegerField<&ScatterSettings::Decades>(7, 1),
+    IntegerField<&ScatterSettings::TicksPerDecade>(9, 1),
+    RealField<&ScatterSettings::Minimum>(12, kAnyReal, kPicoamperes),
+    IntegerField<&ScatterSettings::Ticks>(14, 1),
+    RealField<&ScatterSettings::PaPerTick>(16, kPositive),
+    RealField<&ScatterSettings::SymbolSize>(18, kPositive),
 };
 constexpr DialogTable kScatterScaling{.Resource = 130, .Fields = kScatterFields};
 
@@ -66,8 +64,8 @@ constexpr DialogTable kScatterScaling{.Resource = 130, .Fields = kScatterFields}
 
 template <typename Settings>
 constexpr DialogField kScatterStyleFields[] = {
-    CheckField(3, offsetof(Settings, ShowAxes)),
-    CheckField(4, offsetof(Settings, ShowLabels)),
+    CheckField<&Settings::ShowAxes>(3),
+    CheckField<&Settings::ShowLabels>(4),
 };
 
 /// One dialog on each plot's own fields.
@@ -78,8 +76,8 @@ void EditScatterStyle(FrameWindow* frame, Settings& settings, ViewKind view) {
 }
 
 constexpr DialogField kStationarityStyleFields[] = {
-    CheckField(4, offsetof(StationaritySettings, ShowAxes)),
-    CheckField(5, offsetof(StationaritySettings, ShowLabels)),
+    CheckField<&StationaritySettings::ShowAxes>(4),
+    CheckField<&StationaritySettings::ShowLabels>(5),
 };
 constexpr DialogTable kStationarityStyle{.Resource = 141, .Fields = kStationarityStyleFields};
 
@@ -87,14 +85,14 @@ constexpr DialogTable kStationarityStyle{.Resource = 141, .Fields = kStationarit
 
 constexpr const char* kTypes[] = {"1", "Amplitude", "Duration", "Level"};
 constexpr DialogField kStationarityFields[] = {
-    ListField(3, offsetof(StationaritySettings, Type), kTypes),
-    RealField(5, offsetof(StationaritySettings, Tau), kPositive, {.Unit = kMillisecond}),
+    ListField<&StationaritySettings::Type>(3, kTypes),
+    RealField<&StationaritySettings::Tau>(5, kPositive, {.Unit = kMillisecond}),
 };
 constexpr DialogTable kStationarity{.Resource = 142, .Fields = kStationarityFields};
 
 constexpr const char* kReferences[] = {"Levels", "Relevant Segment", "Sweep"};
 constexpr DialogField kStatisticsFields[] = {
-    ListField(3, offsetof(StatisticsTable, Reference), kReferences),
+    ListField<&StatisticsTable::Reference>(3, kReferences),
 };
 constexpr DialogTable kStatistics{.Resource = 138, .Fields = kStatisticsFields};
 

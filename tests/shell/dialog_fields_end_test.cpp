@@ -91,7 +91,7 @@ TEST_F(DialogEndTest, ABadIntegerGreysOkFromTheStart) {
 }
 
 constexpr DialogField kBounded[] = {
-    RealField(6, offsetof(Values, Delay), {.Low = 1.0, .High = 3.0}, {.Unit = 0.001})};
+    RealField<&Values::Delay>(6, {.Low = 1.0, .High = 3.0}, {.Unit = 0.001})};
 constexpr DialogTable kBoundedTable = {.Resource = 1, .Fields = kBounded};
 
 TEST_F(DialogEndTest, BoundsHoldInTheUnitOfTheField) {

@@ -1,7 +1,6 @@
 // A dialog with a field of each kind, two buttons that store, 1 and 2, and 3 that cancels.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
@@ -24,14 +23,14 @@ struct Values {
 
 inline constexpr const char* kStyles[] = {"Filled", "Outlined", "Rectangles"};
 inline constexpr DialogField kFields[] = {
-    IntegerField(6, offsetof(Values, Count), -5, 5),
-    RealField(7, offsetof(Values, Size), kPositive),
-    CheckField(8, offsetof(Values, Flag)),
-    RealField(9, offsetof(Values, Delay), kNotNegative, {.Unit = 0.001, .Decimals = 3}),
-    RealField(10, offsetof(Values, Range), {.Low = -8000.0, .High = 8000.0}),
-    RealField(11, offsetof(Values, Tolerance), kAnyReal, {.Decimals = 4, .Notation = 'E'}),
-    RadioField(12, 14, offsetof(Values, Axis)),
-    ListField(15, offsetof(Values, Style), kStyles),
+    IntegerField<&Values::Count>(6, -5, 5),
+    RealField<&Values::Size>(7, kPositive),
+    CheckField<&Values::Flag>(8),
+    RealField<&Values::Delay>(9, kNotNegative, {.Unit = 0.001, .Decimals = 3}),
+    RealField<&Values::Range>(10, {.Low = -8000.0, .High = 8000.0}),
+    RealField<&Values::Tolerance>(11, kAnyReal, {.Decimals = 4, .Notation = 'E'}),
+    RadioField<&Values::Axis>(12, 14),
+    ListField<&Values::Style>(15, kStyles),
 };
 inline constexpr int kStoring[] = {1, 2};
 inline constexpr DialogTable kTable = {

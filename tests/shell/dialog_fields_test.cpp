@@ -122,7 +122,7 @@ TEST_F(DialogFieldsTest, ANumberIsStoredInTheUnitOfMemory) {
   EXPECT_EQ(values_.Delay, 2.345678 * 0.001) << "also what the field would not show";
 }
 
-constexpr DialogField kWide[] = {IntegerField(6, offsetof(Values, Count))};
+constexpr DialogField kWide[] = {IntegerField<&Values::Count>(6)};
 constexpr DialogTable kWideTable = {.Resource = 1, .Fields = kWide};
 
 TEST_F(DialogFieldsTest, AnIntegerOfTheWholeRangeIsStored) {
