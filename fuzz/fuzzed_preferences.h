@@ -33,8 +33,8 @@ inline constexpr char kRecording[] =
     "1 0.5 0 1E-12 1 0 1 1.5 1E-12 0 0 0 1 2 0 2E-12 2 3 1 2.25 2E-12 1E-12 1 0 1 2.5 1E-12 0 0 4 "
     "2 1 0 1E-12 1 0 2 1.001 1E-12 0 0 0 2 1.5 0 1E-12 1 0 2 3 1E-12 0 0 7";
 
-/// Enough for tens of thousands of bins and samples; what asks for more is told that there is none.
-inline constexpr std::size_t kMemory = std::size_t{1} << 21;
+/// Enough for ten thousand bins and samples; what asks for more is told that there is none.
+inline constexpr std::size_t kMemory = std::size_t{1} << 19;
 
 inline void Check(bool condition, const char* what) {
   if (condition) return;
@@ -137,6 +137,7 @@ inline void FuzzPreferences(const std::uint8_t* data, std::size_t size) {
   scripted::Shell& shell = scripted::TheShell();
   shell.UserFolder = kPlace.Folder();
   shell.LargestAllocation = kMemory;
+  shell.KeepsDrawing = false;
   shell.Loop = [](FrameWindow* frame) {
     UseProgram(frame, kPlace.Recording());
     frame->Callbacks->Closing(frame);

@@ -21,8 +21,10 @@ Device& DeviceOf(const DeviceRecord& record) {
   return *static_cast<Device*>(record.Dc);
 }
 
-void Draw(const std::string& line) {
-  TheShell().Drawing.push_back(line);
+/// `line` makes the text of what is drawn.
+template <typename Line>
+void Draw(Line line) {
+  if (TheShell().KeepsDrawing) TheShell().Drawing.push_back(line());
 }
 
 /// A new object takes the place of the one that the record owned.
@@ -94,7 +96,7 @@ BufferRecord BeginBuffer(const DeviceRecord& device, const IntRect&) {
 
 void EndBuffer(const DeviceRecord&, BufferRecord& buffer, const IntRect& rect) {
   if (buffer.Bitmap == nullptr) return;
-  Draw("show " + Text(rect));
+  Draw([&] { return "show " + Text(rect); });
   ReleaseDevice(nullptr, buffer.Device);
 }
 
@@ -106,14 +108,14 @@ void CleanUpDevice(DeviceRecord& device) {
   Drop(device.Pen);
   Drop(device.Brush);
   Drop(device.Font);
-  Draw("clean up");
+  Draw([&] { return "clean up"; });
 }
 double DeviceDpi(const DeviceRecord&) {
   return TheShell().DeviceDpi;
 }
 void SetPenWidth(DeviceRecord& device, std::int32_t width) {
   Own(device.Pen);
-  Draw("pen width " + std::to_string(width));
+  Draw([&] { return "pen width " + std::to_string(width); });
 }
 
 void SetFontHeight(DeviceRecord& device, std::int32_t height) {
@@ -131,17 +133,17 @@ std::int32_t TextWidth(const DeviceRecord& device, const char* text) {
 }
 
 void SetBackground(DeviceRecord&, const RgbColor& color) {
-  Draw("background " + Text(color));
+  Draw([&] { return "background " + Text(color); });
 }
 
 void FillArea(DeviceRecord&, const IntRect& rect, const RgbColor& color) {
-  Draw("fill " + Text(rect) + " with " + Text(color));
+  Draw([&] { return "fill " + Text(rect) + " with " + Text(color); });
 }
 
 void SetDrawingColor(DeviceRecord& device, const RgbColor& color) {
   Own(device.Pen);
   Own(device.Brush);
-  Draw("color " + Text(color));
+  Draw([&] { return "color " + Text(color); });
 }
 
 void MoveTo(DeviceRecord& device, std::int32_t x, std::int32_t y) {
@@ -151,44 +153,46 @@ void MoveTo(DeviceRecord& device, std::int32_t x, std::int32_t y) {
 
 void LineTo(DeviceRecord& device, std::int32_t x, std::int32_t y) {
   Device& state = DeviceOf(device);
-  Draw("line " + Text(state.X, state.Y) + " to " + Text(x, y));
+  Draw([&] { return "line " + Text(state.X, state.Y) + " to " + Text(x, y); });
   MoveTo(device, x, y);
 }
 
 void DrawPoint(DeviceRecord& device, std::int32_t x, std::int32_t y) {
-  Draw("point " + Text(x, y));
+  Draw([&] { return "point " + Text(x, y); });
   MoveTo(device, x, y);
 }
 
 void FilledRect(DeviceRecord&, const IntRect& rect) {
-  Draw("filled rect " + Text(rect));
+  Draw([&] { return "filled rect " + Text(rect); });
 }
 void HollowRect(DeviceRecord&, const IntRect& rect) {
-  Draw("hollow rect " + Text(rect));
+  Draw([&] { return "hollow rect " + Text(rect); });
 }
 
 std::int32_t DrawImage(DeviceRecord&, int resource, const IntRect& rect) {
   if (TheShell().ImageError != 0) return TheShell().ImageError;
-  Draw("image " + std::to_string(resource) + " " + Text(rect));
+  Draw([&] { return "image " + std::to_string(resource) + " " + Text(rect); });
   return 0;
 }
 
 void DrawTextHere(DeviceRecord& device, const char* text) {
   Device& state = DeviceOf(device);
-  Draw("text " + Text(state.X, state.Y) + " " + text);
+  Draw([&] { return "text " + Text(state.X, state.Y) + " " + text; });
   state.X = Saturated(std::int64_t{state.X} + TextWidth(device, text));
 }
 
 void ClipTo(DeviceRecord&, const IntRect& rect) {
-  Draw("clip " + Text(rect));
+  Draw([&] { return "clip " + Text(rect); });
 }
 void RemoveClip(DeviceRecord&) {
-  Draw("clip off");
+  Draw([&] { return "clip off"; });
 }
 
 void ScrollArea(ChildWindow*, DeviceRecord&, const IntRect& rect, std::int32_t dy,
                 const RgbColor& background) {
-  Draw("scroll " + Text(rect) + " by " + std::to_string(dy) + " with " + Text(background));
+  Draw([&] {
+    return "scroll " + Text(rect) + " by " + std::to_string(dy) + " with " + Text(background);
+  });
 }
 
 }  // namespace ondrel::toolkit

@@ -152,6 +152,7 @@ struct Shell {
   int DeviceObjects = 0;   // pens, brushes and fonts that device records own
 
   std::vector<std::string> Drawing;  // one line a call
+  bool KeepsDrawing = true;          // off where much is drawn and nobody reads the lines
   std::vector<std::string> Windows;  // one line for each thing done to a window
   bool Waiting = false;
   int WaitCursorChanges = 0;

@@ -1,5 +1,6 @@
 // Windows, menus and the message loop of the scripted shell.
 #include <algorithm>
+#include <limits>
 
 #include "support/scripted_shell.h"
 
@@ -158,16 +159,28 @@ void MaximizeWindow(WindowRecord* window) {
   scripted::TellPlace(WindowOf(window));
 }
 
+namespace {
+
+/// Places in preferences can be as far away as a number can say.
+std::int32_t EndOf(std::int32_t start, std::int32_t length) {
+  constexpr std::int64_t kFarthest = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(
+      std::clamp<std::int64_t>(std::int64_t{start} + length, -kFarthest, kFarthest));
+}
+
+}  // namespace
+
 void MoveWindow(WindowRecord* record, std::int32_t left, std::int32_t top) {
   Window& window = WindowOf(record);
-  window.Place = {left, top, left + Width(window.Place), top + Height(window.Place)};
+  window.Place = {left, top, EndOf(left, Width(window.Place)), EndOf(top, Height(window.Place))};
   record->Callbacks->Moved(record, window.State);
 }
 
 void SizeWindow(WindowRecord* record, std::int32_t width, std::int32_t height) {
   Window& window = WindowOf(record);
-  scripted::SetPlace(window, {window.Place.Left, window.Place.Top, window.Place.Left + width,
-                              window.Place.Top + height});
+  const IntRect& place = window.Place;
+  scripted::SetPlace(window,
+                     {place.Left, place.Top, EndOf(place.Left, width), EndOf(place.Top, height)});
   record->Callbacks->Sized(record, window.State);
 }
 
