@@ -1,5 +1,6 @@
 #include "fit/fit_driver.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 
@@ -170,7 +171,7 @@ FitProblem SetUpProblem(Workspace& workspace, const Histogram& histogram,
           .Parameters = ParametersOf(histogram),
           .ParameterCount = CountParameters(histogram),
           .FitTolerance = histogram.FitTolerance,
-          .FitIterations = histogram.FitIterations};
+          .FitIterations = std::max(histogram.FitIterations, 1)};
 }
 
 }  // namespace

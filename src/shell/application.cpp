@@ -118,12 +118,13 @@ void PlaceFrame(FrameWindow* frame, const IntRect& place) {
 void ShowFrame(FrameWindow* frame) {
   Workspace& workspace = *frame->Owner;
   const WindowPlacement remembered = workspace.FrameShow;
-  if (IsDegenerate(workspace.FrameRect)) {
+  const IntRect place = workspace.FrameRect;
+  if (Width(place) > 0 && Height(place) > 0) {
+    PlaceFrame(frame, place);
+    toolkit::ShowWindow(frame);
+  } else {
     toolkit::ShowWindow(frame);
     workspace.FrameRect = toolkit::WindowRect(frame);
-  } else {
-    PlaceFrame(frame, IntRect(workspace.FrameRect));
-    toolkit::ShowWindow(frame);
   }
   if (remembered == WindowPlacement::Maximized) toolkit::MaximizeWindow(frame);
 }

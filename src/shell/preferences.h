@@ -17,7 +17,8 @@ namespace ondrel {
 /// defaults. When `quiet` nothing is told.
 void ReadPreferences(FrameWindow* frame, const char* name, toolkit::FileHandle file, bool quiet);
 
-/// At exit: writes the user's own file. After a failure the user is told and no new file is left.
+/// At exit: writes the user's own file. A failure is told; after a failed
+/// write no file is left, the old one included.
 void SavePreferences(FrameWindow* frame);
 
 /// At start: takes the settings from the user's own file, with the first terms of both fits set to

@@ -11,7 +11,7 @@ namespace ondrel {
 /// the middle. A duration histogram that is not counted yet is counted here.
 void LayoutAmplitude(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect);
 void LayoutDuration(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect);
-/// The same by the counts that there are, if only none because no data is loaded.
+/// The same from the counts as they stand; nothing is counted.
 void LayoutCountedDuration(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect);
 
 }  // namespace ondrel

@@ -16,8 +16,7 @@ inline constexpr int kPreferenceLines = 302;
 void PreferenceText(const Workspace& workspace, int line, char* text);
 
 /// Stores what the text of line `line` says, also when that is no number or is followed by
-/// something else; false then. Values are taken as they stand, whether or not a dialog would accept
-/// them.
+/// something else; false then. Whether or not a dialog would accept a value is not asked.
 bool StorePreference(Workspace& workspace, int line, const char* text);
 
 }  // namespace ondrel

@@ -2,6 +2,8 @@
 // stands in the file. A row is a number, or a colour or a rectangle of several lines.
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <type_traits>
 #include <utility>
@@ -33,10 +35,17 @@ constexpr std::int32_t LowWord(std::int32_t number) {
   return static_cast<std::int16_t>(static_cast<std::uint32_t>(number) & 0xFFFF);
 }
 
+/// What is written must be read again, or the next start would lose every setting: with four digits
+/// the largest reals would be rounded up to numbers that are none.
+inline double Writable(double value) {
+  constexpr double kLargest = 1.797e308;
+  return std::isnan(value) ? 0.0 : std::clamp(value, -kLargest, kLargest);
+}
+
 template <typename Value>
 void WriteValue(const Value& value, double scale, char* text) {
   if constexpr (std::is_same_v<Value, double>) {
-    RealText(value / scale, kPreferenceDigits, 'E', text);
+    RealText(Writable(value / scale), kPreferenceDigits, 'E', text);
   } else {
     IntegerText(static_cast<std::int32_t>(value), text);
   }

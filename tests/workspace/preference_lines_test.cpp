@@ -1,5 +1,7 @@
 #include "workspace/preference_lines.h"
 
+#include <cmath>
+#include <limits>
 #include <map>
 #include <string>
 
@@ -161,6 +163,23 @@ TEST_F(PreferenceLinesTest, EveryLineRefusesAWordAndAnIntegerLineAReal) {
     EXPECT_EQ(Store(line, "1.5"), isReal) << line;
     EXPECT_FALSE(Store(line, isReal ? "1E400" : "2147483648")) << line << " is out of range";
   }
+}
+
+/// Else the next start would take the file for a corrupted one.
+TEST_F(PreferenceLinesTest, AnyRealInMemoryIsReadBack) {
+  constexpr double kLargest = std::numeric_limits<double>::max();
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  for (const double value : {kLargest, -kLargest, kInfinity, -kInfinity}) {
+    workspace().Amplitude.FitTolerance = value;
+    ASSERT_TRUE(Store(93, Text(93))) << Text(93);
+    EXPECT_GE(std::fabs(workspace().Amplitude.FitTolerance), 1.79e308);
+    EXPECT_EQ(std::signbit(workspace().Amplitude.FitTolerance), std::signbit(value));
+  }
+  workspace().Amplitude.FitTolerance = std::numeric_limits<double>::quiet_NaN();
+  ASSERT_TRUE(Store(93, Text(93)));
+  EXPECT_EQ(workspace().Amplitude.FitTolerance, 0.0);
+  workspace().Events.BurstResolution = kLargest;  // in ms it is infinite
+  ASSERT_TRUE(Store(13, Text(13)));
 }
 
 }  // namespace

@@ -10,6 +10,9 @@
 #endif
 #include <windows.h>
 
+#include <algorithm>
+#include <cstdint>
+
 #include "shell/window_record.h"
 #include "workspace/geometry.h"
 
@@ -55,9 +58,13 @@ inline IntRect FromRect(const RECT& rect) {
           static_cast<std::int32_t>(rect.right), static_cast<std::int32_t>(rect.bottom)};
 }
 
-/// The platform shows the upper eight bits of a channel.
+/// The platform shows the upper eight bits of a channel. A preference file can hold more than a
+/// channel has.
+inline BYTE ToChannel(std::int32_t channel) {
+  return static_cast<BYTE>(std::clamp(channel, 0, 65535) >> 8);
+}
 inline COLORREF ToColor(const RgbColor& color) {
-  return RGB((color.Red >> 8) & 0xFF, (color.Green >> 8) & 0xFF, (color.Blue >> 8) & 0xFF);
+  return RGB(ToChannel(color.Red), ToChannel(color.Green), ToChannel(color.Blue));
 }
 inline RgbColor FromColor(COLORREF color) {
   return {GetRValue(color) << 8, GetGValue(color) << 8, GetBValue(color) << 8};
