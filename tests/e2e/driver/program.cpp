@@ -21,17 +21,6 @@ std::string OwnFolder() {
   return std::filesystem::path(path.data()).parent_path().string();
 }
 
-std::string ExecutablePath() {
-  const std::string named = Environment("ONDREL_EXE");
-  if (!named.empty()) return NativePath(named);
-  std::filesystem::path folder = OwnFolder();
-  for (int level = 0; level < 4; ++level) {
-    if (std::filesystem::exists(folder / "Ondrel.exe")) return (folder / "Ondrel.exe").string();
-    folder = folder.parent_path();
-  }
-  Fail("there is no Ondrel.exe in " + OwnFolder() + " or above it; ONDREL_EXE can name one");
-}
-
 }  // namespace
 
 std::string NativePath(const std::string& path) {
@@ -45,6 +34,17 @@ std::string Environment(const char* name) {
   std::array<char, 1024> value{};
   GetEnvironmentVariableA(name, value.data(), static_cast<DWORD>(value.size()));
   return value.data();
+}
+
+std::string ExecutablePath() {
+  const std::string named = Environment("ONDREL_EXE");
+  if (!named.empty()) return NativePath(named);
+  std::filesystem::path folder = OwnFolder();
+  for (int level = 0; level < 4; ++level) {
+    if (std::filesystem::exists(folder / "Ondrel.exe")) return (folder / "Ondrel.exe").string();
+    folder = folder.parent_path();
+  }
+  Fail("there is no Ondrel.exe in " + OwnFolder() + " or above it; ONDREL_EXE can name one");
 }
 
 std::string PreferencePath() {

@@ -24,6 +24,10 @@ std::string Environment(const char* name);
 /// Where the program keeps its settings from one run to the next.
 std::string PreferencePath();
 
+/// The program under test: the one that the variable ONDREL_EXE names, else the nearest Ondrel.exe
+/// in the folder of the driver or one above it.
+std::string ExecutablePath();
+
 /// Removes what former runs have remembered, so that the next start is a first one.
 void ForgetPreferences();
 
