@@ -216,5 +216,40 @@ TEST_F(Dialogs, TheResetTakesChoicesBackAndLeavesNumbers) {
   }
 }
 
+/// A radio button that gets the focus takes it for a press: the first one must not.
+TEST_F(Dialogs, AChosenRadioButtonStaysChosenWhenTheDialogIsOnlyLookedAt) {
+  Start();
+  const DialogSheet& sheet = Sheet("LevelTag");
+  EnterAll(OpenSheet(program_, sheet), sheet);
+  program_.Key(VK_RETURN);
+  for (int time = 0; time < 2; ++time) {
+    const Dialog dialog = OpenSheet(program_, sheet);
+    EXPECT_THAT(dialog.Lines(), ElementsAreArray(LinesLater(sheet)));
+    program_.Key(VK_RETURN);
+    dialog.WaitUntilGone();
+  }
+}
+
+TEST_F(Dialogs, ArrowsMoveAmongRadioButtons) {
+  Start();
+  const Dialog dialog = OpenSheet(program_, Sheet("AmplitudeScaling"));
+  while (dialog.Focused() != 13) program_.Key(VK_TAB);
+  program_.Key(VK_DOWN);
+  EXPECT_TRUE(HoldsWithin(3000, [&] { return dialog.IsChecked(14) && !dialog.IsChecked(13); }));
+  program_.Key(VK_UP);
+  EXPECT_TRUE(HoldsWithin(3000, [&] { return dialog.IsChecked(13) && !dialog.IsChecked(14); }));
+}
+
+TEST_F(Dialogs, SpaceTurnsACheckBoxRoundOnce) {
+  Start();
+  const Dialog dialog = OpenSheet(program_, Sheet("ScatterStyle"));
+  while (dialog.Focused() != 3) program_.Key(VK_TAB);
+  const bool before = dialog.IsChecked(3);
+  program_.Key(VK_SPACE);
+  EXPECT_TRUE(HoldsWithin(3000, [&] { return dialog.IsChecked(3) != before; }));
+  program_.Key(VK_SPACE);
+  EXPECT_TRUE(HoldsWithin(3000, [&] { return dialog.IsChecked(3) == before; }));
+}
+
 }  // namespace
 }  // namespace ondrel::e2e

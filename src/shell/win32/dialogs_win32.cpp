@@ -104,7 +104,7 @@ namespace {
 /// take the focus for a press.
 void KeepTabOnChecked(HWND button, bool checked) {
   const LONG_PTR style = GetWindowLongPtrA(button, GWL_STYLE);
-  if ((style & BS_TYPEMASK) != BS_RADIOBUTTON) return;
+  if ((style & BS_TYPEMASK) != BS_AUTORADIOBUTTON) return;
   const LONG_PTR tabStop = WS_TABSTOP;
   SetWindowLongPtrA(button, GWL_STYLE, checked ? style | tabStop : style & ~tabStop);
 }
