@@ -20,6 +20,11 @@ constexpr std::int32_t CountTicks(std::int32_t setting) {
   return std::clamp(setting, 1, kMostTicks);
 }
 
+/// Where one tick alone would be no axis, the dialogs ask for two.
+constexpr std::int32_t AtLeastTwo(std::int32_t setting) {
+  return std::max(setting, 2);
+}
+
 /// A setting as a number that can be divided by.
 constexpr double AtLeastOne(std::int32_t setting) {
   return std::max(setting, 1);

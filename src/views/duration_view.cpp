@@ -39,7 +39,7 @@ double OffsetOfMinor(std::int32_t m, std::int32_t ticksPerDecade) {
 bool DrawMinorTicks(AxisDrawing& axis, const DurationHistogram& histogram, double start,
                     double length, std::int32_t& ticksLeft) {
   const GraphFrame& frame = axis.Frame;
-  const std::int32_t ticks = std::min(histogram.TicksPerDecade, kMostTicks);
+  const std::int32_t ticks = CountTicks(histogram.TicksPerDecade);
   for (std::int32_t m = 2; m <= ticks + 1; ++m) {
     const double x = start + OffsetOfMinor(m, ticks) * histogram.PixelsPerDecade;
     if (LiesBeyond(x, frame.PlotRight) || ticksLeft <= 0) return false;

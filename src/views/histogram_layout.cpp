@@ -23,7 +23,7 @@ double WidthOfBin(const Drawing& drawing, const GraphFrame& frame, std::int64_t 
 /// The tallest bar ends within the last interval of the axis of counts.
 template <typename Histogram>
 void LayOutCounts(Histogram& histogram, const GraphFrame& frame, double intervals) {
-  const double ticks = std::max(intervals, AtLeastOne(histogram.MinimumTicks));
+  const double ticks = std::max(intervals, static_cast<double>(AtLeastTwo(histogram.MinimumTicks)));
   histogram.PixelsPerYTick = (frame.PlotBottom - frame.PlotTop) / ticks;
   histogram.PixelsPerCount = histogram.PixelsPerYTick / AtLeastOne(histogram.CountsPerTick);
 }

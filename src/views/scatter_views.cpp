@@ -39,11 +39,11 @@ double PixelsPerDecade(double length, std::int32_t decades) {
 
 ScatterLayout LayOut(const AmplitudeScatterSettings& plot, const GraphFrame& frame) {
   return {.XPixelsPerTick = PixelsPerTick(frame, plot.TickMarks),
-          .YPixelsPerUnit = PixelsPerUnit(frame, plot.AmplitudeTicks, plot.PaPerTick)};
+          .YPixelsPerUnit = PixelsPerUnit(frame, AtLeastTwo(plot.AmplitudeTicks), plot.PaPerTick)};
 }
 
 ScatterLayout LayOut(const DurationScatterSettings& plot, const GraphFrame& frame) {
-  return {.XPixelsPerTick = PixelsPerTick(frame, plot.TickMarks),
+  return {.XPixelsPerTick = PixelsPerTick(frame, AtLeastTwo(plot.TickMarks)),
           .PixelsPerDecade = PixelsPerDecade(frame.PlotBottom - frame.PlotTop, plot.Decades)};
 }
 
@@ -62,10 +62,10 @@ void LayOutView(ViewState& view, const Settings& plot, const IntRect& rect, doub
 // --- Axes ----------------------------------------------------------------------------------------
 
 template <typename Settings>
-ValueAxis ValueAxisOf(const Settings& plot, const ScatterLayout& layout) {
+ValueAxis ValueAxisOf(const Settings& plot, const ScatterLayout& layout, std::int32_t tickMarks) {
   return {.Value = plot.Value,
           .Minimum = plot.Minimum,
-          .TickMarks = plot.TickMarks,
+          .TickMarks = tickMarks,
           .PerTick = plot.PerTick,
           .PixelsPerTick = layout.XPixelsPerTick};
 }
@@ -86,13 +86,13 @@ struct AmplitudeScatterPlot {
 
   static void DrawXAxis(AxisDrawing& axis, double width, const AmplitudeScatterSettings& plot,
                         const ScatterLayout& layout) {
-    DrawValueAxis(axis, width, ValueAxisOf(plot, layout));
+    DrawValueAxis(axis, width, ValueAxisOf(plot, layout, plot.TickMarks));
   }
   static void DrawYAxis(AxisDrawing& axis, double width, const AmplitudeScatterSettings& plot,
                         const ScatterLayout& layout) {
     DrawAmplitudeAxis(axis, width,
                       {.Minimum = plot.AmplitudeMinimum,
-                       .Ticks = plot.AmplitudeTicks,
+                       .Ticks = AtLeastTwo(plot.AmplitudeTicks),
                        .PaPerTick = plot.PaPerTick,
                        .PixelsPerUnit = layout.YPixelsPerUnit});
   }
@@ -108,7 +108,7 @@ struct DurationScatterPlot {
 
   static void DrawXAxis(AxisDrawing& axis, double width, const DurationScatterSettings& plot,
                         const ScatterLayout& layout) {
-    DrawValueAxis(axis, width, ValueAxisOf(plot, layout));
+    DrawValueAxis(axis, width, ValueAxisOf(plot, layout, AtLeastTwo(plot.TickMarks)));
   }
   static void DrawYAxis(AxisDrawing& axis, double width, const DurationScatterSettings& plot,
                         const ScatterLayout& layout) {

@@ -103,13 +103,22 @@ TEST_F(OddPreferencesTest, AValueBeyondTheListOfAScatterPlotIsTheRelevantOne) {
 }
 
 TEST_F(OddPreferencesTest, ACountBelow1CountsAs1) {
-  for (const int line :
-       {3, 86, 87, 90, 91, 123, 124, 127, 128, 164, 165, 167, 254, 256, 280, 282, 283}) {
+  for (const int line : {3, 86, 87, 91, 123, 124, 125, 128, 164, 165, 167, 254, 282, 283}) {
     const std::vector<std::string> one = DrawnWith(line, "1");
     EXPECT_EQ(DrawnWith(line, "0"), one) << line;
     EXPECT_EQ(DrawnWith(line, "-7"), one) << line;
     EXPECT_EQ(DrawnWith(line, "-2147483648"), one) << line;
     EXPECT_EQ(SavedText(line), "-2147483648");
+  }
+}
+
+/// Numbers of ticks of which the dialogs want two.
+TEST_F(OddPreferencesTest, ATickCountBelow2CountsAs2) {
+  for (const int line : {90, 127, 256, 280}) {
+    const std::vector<std::string> two = DrawnWith(line, "2");
+    EXPECT_EQ(DrawnWith(line, "1"), two) << line;
+    EXPECT_EQ(DrawnWith(line, "0"), two) << line;
+    EXPECT_EQ(DrawnWith(line, "-2147483648"), two) << line;
   }
 }
 

@@ -31,11 +31,12 @@ TEST_F(DurationViewTest, NoSettingHangsTheView) {
   }
 }
 
-TEST_F(DurationViewTest, AnAxisWithoutMinorTicksHasNoMoreDecadesThanAnyDeviceCanShow) {
+TEST_F(DurationViewTest, AnAxisHasNoMoreDecadesThanAnyDeviceCanShow) {
   duration().Decades = std::numeric_limits<std::int32_t>::max();
-  duration().TicksPerDecade = 0;
+  duration().TicksPerDecade = 1;
   Lay();
-  EXPECT_EQ(CountParts(DrawDurationXAxis), 2 + 2 * (16384 + 1));  // ticks and numbers
+  // Ticks and numbers, and as many minor ticks until no more of them are drawn.
+  EXPECT_EQ(CountParts(DrawDurationXAxis), 2 + 2 * (16384 + 1) + 16384);
 }
 
 TEST_F(DurationViewTest, AnAxisHasNoMoreMinorTicksThanAnyDeviceCanShow) {

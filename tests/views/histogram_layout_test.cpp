@@ -193,11 +193,13 @@ TEST_F(HistogramLayoutTest, ThereAreAtLeastTheMinimumOfTicks) {
   EXPECT_DOUBLE_EQ(DurationIntervals(), 7.0);
 }
 
-TEST_F(HistogramLayoutTest, WithoutAMinimumAnEmptyHistogramHasOneInterval) {
-  amplitude().MinimumTicks = 0;
-  duration().MinimumTicks = -3;
-  EXPECT_DOUBLE_EQ(AmplitudeIntervals(), 1.0);
-  EXPECT_DOUBLE_EQ(DurationIntervals(), 1.0);
+TEST_F(HistogramLayoutTest, AMinimumBelowTwoCountsAsTwo) {
+  for (const std::int32_t few : {1, 0, -3}) {
+    amplitude().MinimumTicks = few;
+    duration().MinimumTicks = few;
+    EXPECT_DOUBLE_EQ(AmplitudeIntervals(), 2.0);
+    EXPECT_DOUBLE_EQ(DurationIntervals(), 2.0);
+  }
 }
 
 TEST_F(HistogramLayoutTest, ATallestBarBelowZeroHasTheMinimumOfTicks) {

@@ -125,7 +125,7 @@ std::int32_t WholeShare(std::int32_t length, std::int32_t parts, std::int32_t wh
 /// The plot has three quarters of the width and two thirds of the height.
 TEST_F(ScatterLayoutTest, ScalesThatAreWholeButForRoundingAreWhole) {
   for (std::int32_t size = 1; size < 1500; ++size) {
-    for (const std::int32_t count : {1, 3, 5, 7}) {
+    for (const std::int32_t count : {2, 3, 5, 7}) {
       byAmplitude().TickMarks = byAmplitude().AmplitudeTicks = count;
       byAmplitude().PaPerTick = 0.1;
       byDuration().TickMarks = byDuration().Decades = count;
@@ -146,15 +146,16 @@ TEST_F(ScatterLayoutTest, ScalesThatAreWholeButForRoundingAreWhole) {
   }
 }
 
-TEST_F(ScatterLayoutTest, CountsBelowOneAreOne) {
+/// Two for what the dialogs want two of.
+TEST_F(ScatterLayoutTest, CountsThatNoDialogTakesAreTheNearestThatItDoes) {
   for (const std::int32_t few : {0, -1, std::numeric_limits<std::int32_t>::min()}) {
     byAmplitude().TickMarks = byAmplitude().AmplitudeTicks = few;
     byDuration().TickMarks = byDuration().Decades = few;
     byBoth().Ticks = byBoth().Decades = few;
     Lay();
     EXPECT_EQ(LayoutOf(ViewKind::AmplitudeScatter).XPixelsPerTick, 1260.0);
-    EXPECT_EQ(LayoutOf(ViewKind::AmplitudeScatter).YPixelsPerUnit, 1120.0);
-    EXPECT_EQ(LayoutOf(ViewKind::DurationScatter).XPixelsPerTick, 1260.0);
+    EXPECT_EQ(LayoutOf(ViewKind::AmplitudeScatter).YPixelsPerUnit, 560.0);
+    EXPECT_EQ(LayoutOf(ViewKind::DurationScatter).XPixelsPerTick, 630.0);
     EXPECT_EQ(LayoutOf(ViewKind::DurationScatter).PixelsPerDecade, 1120.0);
     EXPECT_EQ(LayoutOf(ViewKind::Scatter).YPixelsPerUnit, 1120.0);
     EXPECT_EQ(LayoutOf(ViewKind::Scatter).PixelsPerDecade, 1260.0);

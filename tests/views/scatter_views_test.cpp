@@ -42,7 +42,7 @@ TEST_F(ScatterViewTest, AmplitudesAgainstValuesAreTwoLinearAxesAndDots) {
 
 TEST_F(ScatterViewTest, DurationsAgainstValuesAreALinearAndALogarithmicAxisAndDots) {
   byDuration().Value = ScatterValue::SweepRelevant;
-  byDuration().TickMarks = 1;
+  byDuration().TickMarks = 2;
   byDuration().Decades = 1;
   byDuration().TicksPerDecade = 3;
   FillSweeps(1, [](SweepRecord& sweep, std::int32_t) { sweep.RelevantValue = 2.5; });
@@ -52,15 +52,17 @@ TEST_F(ScatterViewTest, DurationsAgainstValuesAreALinearAndALogarithmicAxisAndDo
                           "color K 3 0 0", "line 230 1410 1490 1410",                    //
                           "line 230 1410 230 1445", "color k 2 0 0",                     //
                           "left 230 1522 -5.00",                                         //
+                          "color K 3 0 0", "line 860 1410 860 1445",                     //
+                          "color k 2 0 0", "left 860 1522 5.00",                         //
                           "color K 3 0 0", "line 1490 1410 1490 1445",                   //
-                          "color k 2 0 0", "left 1490 1522 5.00",                        //
+                          "color k 2 0 0", "left 1490 1522 15.00",                       //
                           "left 115 174 log Duration (s)",                               //
                           "color K 3 0 0", "line 230 290 230 1410",                      //
                           "line 230 1410 195 1410", "line 230 850 207.6 850",            //
                           "line 230 522.421 207.6 522.421",                              //
                           "line 230 290 207.6 290", "color k 2 0 0",                     //
                           "right 182 1410 -5", "color K 3 0 0", "line 230 290 195 290",  //
-                          "color k 1 0 0", "dot y 290 x 1175 size 4"));
+                          "color k 1 0 0", "dot y 290 x 702.5 size 4"));
 }
 
 TEST_F(ScatterViewTest, AmplitudesAgainstDurationsAreALogarithmicAndALinearAxisAndDots) {
