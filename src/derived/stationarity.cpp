@@ -140,8 +140,8 @@ double TickOfValues(double lowest, double highest) {
   constexpr double kLeastTicks = 3.0;
   const double spread = highest - lowest;
   const double size = std::max(std::fabs(highest), std::fabs(lowest));
-  if (spread != 0.0 && kSmallSpread * size * (1.0 + kRounding) < spread)
-    return AxisStep(spread / kLeastTicks);
+  const bool isWide = spread != 0.0 && kSmallSpread * size * (1.0 + kRounding) < spread;
+  if (isWide) return AxisStep(spread / kLeastTicks);
   return highest == 0.0 ? 1.0 : AxisStep(std::fabs(highest));
 }
 

@@ -223,6 +223,21 @@ TEST_F(DialogEffects, TheValueOfAScatterPlotNamesItsAxis) {
   }
 }
 
+/// Smaller than a pixel: a line of no length would draw nothing.
+TEST_F(DialogEffects, TheSmallestDotsArePixels) {
+  constexpr int kSymbolSize = 19;
+  Open(MixedSweeps());
+  Show(kAmplitudeScatterPlot);
+  const int before = PictureOf(kAmplitudeScatterPlot).Count(kRed);
+  program_.Command(54529);
+  const Dialog dialog = program_.WaitForDialog("Amplitude Scatter Scaling");
+  dialog.Type(kSymbolSize, "0.01");
+  dialog.Leave(kOkButton);
+  const int after = PictureOf(kAmplitudeScatterPlot).Count(kRed);
+  EXPECT_GT(after, 0);
+  EXPECT_LT(after, before);
+}
+
 TEST_F(DialogEffects, TheTypeOfTheStationarityPlotNamesItsAxis) {
   constexpr std::pair<const char*, const char*> kTitles[] = {{"Amplitude", "Amplitude (A)"},
                                                              {"Duration", "Duration (s)"},

@@ -93,6 +93,31 @@ TEST_F(FileSettings, CancelForgetsAndOkKeeps) {
   dialog.Leave(settings::kCancel);
 }
 
+/// To Windows Escape is button 2, which stores here.
+TEST_F(FileSettings, EscapeAndTheCloseBoxForget) {
+  Program program;
+  program.PassStart();
+  Dialog dialog = OpenDialog(program);
+  const std::string folder = Environment("ONDREL_PICTURES");
+  if (!folder.empty()) {
+    SavePng(program.ClientPicture(dialog.Frame()),
+            NativePath(folder) + "\\dialog_file_settings.png");
+  }
+  for (const char* const entered : {"123", "x"}) {  // both ways while the buttons are greyed, too
+    SCOPED_TRACE(entered);
+    dialog.Type(settings::kEvents, entered);
+    program.Key(VK_ESCAPE);
+    dialog.WaitUntilGone();
+    dialog = OpenDialog(program);
+    EXPECT_EQ(dialog.Text(settings::kEvents), "8000");
+    dialog.Type(settings::kEvents, entered);
+    dialog.Frame().Post(WM_SYSCOMMAND, SC_CLOSE);
+    dialog.WaitUntilGone();
+    dialog = OpenDialog(program);
+    EXPECT_EQ(dialog.Text(settings::kEvents), "8000");
+  }
+}
+
 TEST_F(FileSettings, TheCheckBoxFollowsItsPresses) {
   Program program;
   program.PassStart();
