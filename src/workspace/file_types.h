@@ -1,5 +1,6 @@
-// The seven types of data files that an event table can name: their keywords and their own header
-// tokens. No analysis looks at a header; it is read to be written back.
+// The seven types of data files that an event table can name: their keywords and their own headers,
+// as tokens to be read and as the line that is written. No analysis looks at a header; it is read
+// to be written back.
 #pragma once
 
 #include <cstdint>
@@ -14,6 +15,7 @@ struct FileTypeRow {
   FileType Type;
   bool NamesFile;  // a file name stands behind the keyword
   bool (*ReadHeader)(FileRecord& file, TextScanner& scanner, std::int32_t version);
+  std::int32_t (*WriteHeader)(const FileRecord& file, OutputFile& out);
 };
 
 /// The row of a keyword in an event table, or null when there is no such type.

@@ -8,6 +8,7 @@
 
 namespace ondrel {
 
+struct OutputFile;
 struct TextScanner;
 
 /// One transition of the channel's current.
@@ -108,6 +109,9 @@ struct FileRecord {
   std::int32_t SweepCount;  // sweeps of the SweepTable that belong to this file
   /// Reads the type's own header tokens of a table of the given version. False on a bad token.
   bool (*ReadHeader)(FileRecord& file, TextScanner& scanner, std::int32_t version);
+  /// Writes the line with the type's keyword, the name and the type's own header. Returns 0 or the
+  /// platform's code.
+  std::int32_t (*WriteHeader)(const FileRecord& file, OutputFile& out);
   FileHeader Header;
 };
 

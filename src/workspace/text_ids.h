@@ -18,6 +18,9 @@ enum class TextId : int {
   ExpectsTabDelimited = 311,
   CouldNotSavePreferences = 312,
   Welcome = 314,
+  ErrorWhileCopying = 315,
+  WindowToClipboard = 316,
+  ErrorInPrinting = 318,
   PreferencesCorrupted = 319,
   TheDataFile = 320,
   ErrorOccurredAtNumber = 321,
@@ -29,6 +32,7 @@ enum class TextId : int {
   FitAborted = 330,
   ImportErasesEvents = 331,
   ImportDoesNotMatch = 332,
+  JumpInLevels = 335,
 };
 
 }  // namespace ondrel

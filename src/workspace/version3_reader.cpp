@@ -26,6 +26,7 @@ bool ReadFileHeader(TextScanner& scanner, std::int32_t version, FileRecord& file
   file = FileRecord{};
   file.Type = type->Type;
   file.ReadHeader = type->ReadHeader;
+  file.WriteHeader = type->WriteHeader;
   if (type->NamesFile) {
     SkipSpace(scanner);
     ReadField(scanner, '\t', file.Name, sizeof file.Name);

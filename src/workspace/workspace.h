@@ -51,6 +51,8 @@ struct Workspace {
   FitDisplay LiveDisplay{};
 
   GraphicsSink ScreenSink{};
+  GraphicsSink IllustratorSink{};
+  GraphicsSink EpsSink{};
   GraphicsContext Graphics;
   std::int32_t CascadeOffset = 0;  // device units
   std::int32_t CascadeStep = 0;

@@ -1,9 +1,9 @@
 #include "workspace/file_types.h"
 
-#include <gtest/gtest.h>
-
 #include <string>
 #include <string_view>
+
+#include "support/saving_test.h"
 
 namespace ondrel {
 namespace {
@@ -197,6 +197,79 @@ TEST(FileTypes, AnUndefinedFileHasNoNameAndItsSweepCount) {
   EXPECT_STREQ(file.Name, "");
   EXPECT_EQ(file.SweepCount, 7);
   EXPECT_EQ(file.ReadHeader, FindFileType("Undefined")->ReadHeader);
+  EXPECT_EQ(file.WriteHeader, FindFileType("Undefined")->WriteHeader);
+}
+
+class FileHeaderLineTest : public SavingTest {
+ protected:
+  /// The bytes that the type's writer makes of a file.
+  std::string LineOf(const FileRecord& file) {
+    OutputFile out;
+    EXPECT_EQ(toolkit::CreateEmptyFile(Path().c_str()), 0);
+    EXPECT_EQ(OpenOutputFile(Path().c_str(), out), 0);
+    EXPECT_EQ(file.WriteHeader(file, out), 0);
+    EXPECT_EQ(CloseOutputFile(out), 0);
+    return BytesOf(Path());
+  }
+};
+
+TEST_F(FileHeaderLineTest, PClamp6HasSixFieldsBehindTheName) {
+  FileRecord file = FileOfType("pClamp6", "C:\\data\\a b.abf");
+  file.Header.PClamp6 = {
+      .Int1 = 11, .Int2 = -12, .Int3 = 13, .Byte1 = 1, .Byte2 = 2, .Real1 = 1.5e-3};
+  EXPECT_EQ(LineOf(file), "pClamp6\tC:\\data\\a b.abf\t11\t2\t3\t-12\t13\t1.500000E-03\r\n");
+  file.WriteHeader = FindFileType("ABF")->WriteHeader;
+  EXPECT_EQ(LineOf(file).substr(0, 8), "pClamp6\t");
+}
+
+TEST_F(FileHeaderLineTest, SamplerAndExchangeHaveOneField) {
+  FileRecord file = FileOfType("Sampler", "s");
+  file.Header.Sampler = {.Int1 = -11};
+  EXPECT_EQ(LineOf(file), "Sampler\ts\t-11\r\n");
+  file = FileOfType("Exchange", "e");
+  file.Header.Exchange = {.Int1 = 2147483647};
+  EXPECT_EQ(LineOf(file), "Exchange\te\t2147483647\r\n");
+}
+
+TEST_F(FileHeaderLineTest, PulseHasThreePairsWithTheByteInFront) {
+  FileRecord file = FileOfType("Pulse", "p");
+  file.Header.Pulse = {.Int1 = 11, .Int2 = 12, .Int3 = 13, .Byte1 = 0, .Byte2 = 1, .Byte3 = 2};
+  EXPECT_EQ(LineOf(file), "Pulse\tp\t1\t11\t2\t12\t3\t13\r\n");
+}
+
+TEST_F(FileHeaderLineTest, IgorWaveHasItsNameAndUndefinedNothing) {
+  EXPECT_EQ(LineOf(FileOfType("IgorWave", "wave0")), "IgorWave\twave0\r\n");
+  EXPECT_EQ(LineOf(FileOfType("Undefined", "not written")), "Undefined\r\n");
+  EXPECT_EQ(LineOf(UndefinedFile(3)), "Undefined\r\n");
+}
+
+TEST_F(FileHeaderLineTest, RawContinuousHasATabBehindItsLastField) {
+  FileRecord file = FileOfType("RawContinuous", "r");
+  file.Header.RawContinuous = {
+      .Real1 = 1234.5, .Real2 = 2.5, .Real3 = -3e-12, .Int1 = 11, .Byte1 = 3, .Byte2 = 4};
+  EXPECT_EQ(LineOf(file), "RawContinuous\tr\t1.23E+03\t2.50E+00\t11\t-3.00E-12\t4\t5\t\r\n");
+}
+
+TEST_F(FileHeaderLineTest, AByteOf255IsWrittenAs256) {
+  FileRecord file = FileOfType("Pulse", "p");
+  file.Header.Pulse = {.Int1 = 0, .Int2 = 0, .Int3 = 0, .Byte1 = 255, .Byte2 = 255, .Byte3 = 255};
+  EXPECT_EQ(LineOf(file), "Pulse\tp\t256\t0\t256\t0\t256\t0\r\n");
+}
+
+TEST_F(FileHeaderLineTest, AnEmptyNameKeepsItsPlace) {
+  FileRecord file = FileOfType("Sampler", "");
+  EXPECT_EQ(LineOf(file), "Sampler\t\t0\r\n");
+}
+
+TEST_F(FileHeaderLineTest, AFailedFileGivesThePlatformsCode) {
+  for (const char* keyword :
+       {"pClamp6", "Sampler", "Exchange", "Pulse", "IgorWave", "RawContinuous", "Undefined"}) {
+    OutputFile out;
+    const std::int32_t code = OpenOutputFile((Path() + "/none").c_str(), out);
+    ASSERT_NE(code, 0);
+    const FileRecord file = FileOfType(keyword, "n");
+    EXPECT_EQ(file.WriteHeader(file, out), code) << keyword;
+  }
 }
 
 }  // namespace
