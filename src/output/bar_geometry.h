@@ -34,19 +34,31 @@ inline double TopOfBar(const GraphicsContext& context, const BarPlot& plot, doub
 }
 
 /// Calls `draw` for each bar from left to right, up to the first one that does not end within the
-/// plot. Each stands at the edge of the one before it. Returns the edge behind the last one drawn.
+/// plot, for which it calls `stop`. Each stands at the edge of the one before it. Returns the edge
+/// behind the last one drawn.
+template <typename Draw, typename Stop>
+double ForEachBar(const GraphicsContext& context, const BarPlot& plot, const BinRecord* bins,
+                  Draw draw, Stop stop) {
+  double edge = plot.Left;
+  for (std::int32_t i = 0; i < context.BinCount; ++i) {
+    const BarRecord bar{.Left = edge,
+                        .Right = edge + context.BinWidth,
+                        .Top = TopOfBar(context, plot, bins[i + 1].Height)};
+    if (LiesBeyond(bar.Right, plot.Right)) {
+      stop(bar);
+      break;
+    }
+    draw(bar);
+    edge = bar.Right;
+  }
+  return edge;
+}
+
+/// The same for a form that does nothing with the bar at which it stops.
 template <typename Draw>
 double ForEachBar(const GraphicsContext& context, const BarPlot& plot, const BinRecord* bins,
                   Draw draw) {
-  double edge = plot.Left;
-  for (std::int32_t i = 0; i < context.BinCount; ++i) {
-    const double right = edge + context.BinWidth;
-    if (LiesBeyond(right, plot.Right)) break;
-    draw(BarRecord{
-        .Left = edge, .Right = right, .Top = TopOfBar(context, plot, bins[i + 1].Height)});
-    edge = right;
-  }
-  return edge;
+  return ForEachBar(context, plot, bins, draw, [](const BarRecord&) {});
 }
 
 }  // namespace ondrel

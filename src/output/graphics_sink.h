@@ -15,12 +15,21 @@ namespace ondrel {
 struct AmplitudeHistogram;
 struct BinRecord;
 struct DurationHistogram;
+struct OutputFile;
+
+/// The label of a vertical axis that stands highest, while labels are looked for.
+struct TopLabel {
+  bool Found = false;
+  double Y = 0.0;          // its baseline, device units
+  std::int32_t Width = 0;  // device units
+};
 
 /// What the operations of a sink share. The bin fields are set before a bar operation is called,
 /// all others by the entry that starts a drawing.
 struct GraphicsContext {
   DeviceRecord Device;                // of the screen form
-  void* File = nullptr;               // the open output file of the file forms
+  DeviceRecord Lent;                  // measures in place of a Device that cannot; else empty
+  OutputFile* File = nullptr;         // the open output file of the file forms; borrowed
   char FileName[kPathSize] = "";      // of a metafile export; empty: it stays in memory
   char FontName[32] = "Helvetica";    // PostScript name, for the file forms
   std::int32_t DocumentFontSize = 0;  // points, file forms
@@ -33,7 +42,14 @@ struct GraphicsContext {
   double BinWidth = 0.0;          // device units
   double BinPeak = 0.0;           // the data value that fills the plot, with BinFitHeight
   std::int32_t BinFitHeight = 0;  // nonzero: a bin fills (base - top) * Height / BinPeak
+  TopLabel Highest;
 };
+
+/// The device with whose font everything is measured before it is drawn: columns, lines, centred
+/// texts. A text that ends at a place is measured by the screen form itself, on its own device.
+inline const DeviceRecord& MeasuringDevice(const GraphicsContext& context) {
+  return context.Lent.Dc != nullptr ? context.Lent : context.Device;
+}
 
 enum class TextAlignment : std::int32_t { Left = 0, Right = 2 };
 

@@ -4,6 +4,7 @@
 
 #include "output/bar_geometry.h"
 #include "output/curve_points.h"
+#include "output/truncated_rect.h"
 #include "shell/toolkit.h"
 #include "workspace/truncate.h"
 
@@ -18,11 +19,6 @@ constexpr double kFarthestOutline = 65535.0;
 
 std::int32_t PathCoordinate(double value) {
   return std::clamp(TruncateToInteger(value), -kFarthestCoordinate, kFarthestCoordinate);
-}
-
-IntRect TruncateRect(double left, double top, double right, double bottom) {
-  return {TruncateToInteger(left), TruncateToInteger(top), TruncateToInteger(right),
-          TruncateToInteger(bottom)};
 }
 
 void MoveToPoint(GraphicsContext& context, double x, double y) {

@@ -13,24 +13,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-TEST_F(ScreenSinkTest, EveryOperationIsThere) {
-  EXPECT_NE(sink().DrawLine, nullptr);
-  EXPECT_NE(sink().MoveTo, nullptr);
-  EXPECT_NE(sink().LineTo, nullptr);
-  EXPECT_NE(sink().StrokePath, nullptr);
-  EXPECT_NE(sink().DrawText, nullptr);
-  EXPECT_NE(sink().DrawFilledBars, nullptr);
-  EXPECT_NE(sink().DrawBarRectangles, nullptr);
-  EXPECT_NE(sink().DrawBarOutline, nullptr);
-  EXPECT_NE(sink().DrawRect, nullptr);
-  EXPECT_NE(sink().DrawDurationCurve, nullptr);
-  EXPECT_NE(sink().DrawAmplitudeCurve, nullptr);
-  EXPECT_NE(sink().DrawDot, nullptr);
-  EXPECT_NE(sink().SetColor, nullptr);
-  EXPECT_NE(sink().SetClip, nullptr);
-  EXPECT_NE(sink().GetPixelSnap, nullptr);
-}
-
 TEST_F(ScreenSinkTest, ALineConnectsItsTruncatedPoints) {
   sink().DrawLine(context(), 1.9, 2.2, -3.9, 4.999);
   EXPECT_THAT(Drawn(), ElementsAre("line 1 2 to -3 4"));
