@@ -113,6 +113,14 @@ bool FillList(DialogRecord& dialog, int control, std::span<const char* const> te
 [[nodiscard]] int ReadList(DialogRecord& dialog, int control);
 void EnableControl(DialogRecord& dialog, int control, bool enabled);
 
+/// Opens a dialog that stands beside the program while it goes on. It is there until DestroyDialog,
+/// or until a command returns nonzero; `dialog.Handle` is null from then on. `operations`, `user`
+/// and `dialog` must outlive it. False when it could not be made.
+bool OpenDialog(FrameWindow* frame, int resource, const DialogOperations& operations, void* user,
+                DialogRecord& dialog);
+/// Harmless on a dialog that is gone.
+void DestroyDialog(DialogRecord& dialog);
+
 // --- Windows --------------------------------------------------------------------------------
 
 /// The top-level window, hidden. A degenerate `place` leaves place and size to the platform. Null
@@ -127,6 +135,8 @@ void EnableControl(DialogRecord& dialog, int control, bool enabled);
 void DestroyWindow(WindowRecord* window);
 
 void ShowWindow(WindowRecord* window);
+/// A window that is not enabled, and what it contains, takes no input of the user.
+void EnableWindow(WindowRecord* window, bool enabled);
 void MaximizeWindow(WindowRecord* window);
 void MoveWindow(WindowRecord* window, std::int32_t left, std::int32_t top);
 void SizeWindow(WindowRecord* window, std::int32_t width, std::int32_t height);
@@ -207,6 +217,11 @@ struct BufferRecord {
 /// Shows the buffer and frees it. Nothing may be selected into its device any more.
 void EndBuffer(const DeviceRecord& device, BufferRecord& buffer, const IntRect& rect);
 
+/// A device of the screen's kind on which nothing is ever seen: what is drawn into files is
+/// measured with it, and pictures that no file can hold go there. To be given back.
+[[nodiscard]] DeviceRecord AcquireMeasuringDevice();
+void ReleaseMeasuringDevice(DeviceRecord& device);
+
 /// Font "Arial" of height 10, baseline text with update of the position, transparent background.
 void SetUpDevice(DeviceRecord& device);
 /// Selects stock objects and deletes what the record owns.
@@ -245,5 +260,61 @@ void RemoveClip(DeviceRecord& device);
 /// Moves the pixels of `rect` by `dy` and clears what becomes free with `background`.
 void ScrollArea(ChildWindow* window, DeviceRecord& device, const IntRect& rect, std::int32_t dy,
                 const RgbColor& background);
+
+// --- Metafiles -------------------------------------------------------------------------------
+
+/// A picture kept in memory as the operations that draw it.
+struct MetafileHandle {
+  void* Handle = nullptr;
+};
+
+/// Begins a metafile, whose device takes what is drawn. Such a device measures nothing: its texts
+/// have no width, and it has no resolution. A null Dc when it could not be made.
+[[nodiscard]] DeviceRecord BeginMetafile();
+/// Ends it; the device is gone. A null handle when what was drawn could not be kept.
+[[nodiscard]] MetafileHandle EndMetafile(DeviceRecord& device);
+/// The bytes of the metafile as a file holds them: how many, and a copy into `bytes` of that size.
+[[nodiscard]] std::size_t MetafileSize(MetafileHandle metafile);
+[[nodiscard]] bool CopyMetafile(MetafileHandle metafile, void* bytes, std::size_t size);
+/// Returns 0 or the platform's code.
+std::int32_t DeleteMetafile(MetafileHandle metafile);
+
+// --- Clipboard -------------------------------------------------------------------------------
+
+[[nodiscard]] bool OpenClipboard(FrameWindow* frame);
+[[nodiscard]] bool EmptyClipboard();
+/// Puts the metafile up as a picture of this size, device units. It belongs to the clipboard from
+/// then on, unless this fails.
+[[nodiscard]] bool GiveToClipboard(MetafileHandle metafile, std::int32_t width,
+                                   std::int32_t height);
+[[nodiscard]] bool CloseClipboard();
+
+// --- Printers --------------------------------------------------------------------------------
+
+/// A printer that was chosen, and its device.
+struct PrinterRecord {
+  DeviceRecord Device;
+  void* Choices = nullptr;  // what the platform's dialogs keep about printer and paper
+};
+
+enum class PrinterDialog : std::int32_t { Setup, Print };
+
+/// The printer that the user has as default. False when there is none.
+[[nodiscard]] bool FindDefaultPrinter(FrameWindow* frame, PrinterRecord* printer);
+/// One of the platform's dialogs on `printer`; the device that the user chose replaces the one it
+/// has. False when the user cancelled; `printer` then stays as it was.
+[[nodiscard]] bool AskPrinter(FrameWindow* frame, PrinterDialog dialog, PrinterRecord* printer);
+/// Harmless on a printer that was not found.
+void FreePrinter(PrinterRecord* printer);
+
+/// While a page is printed the platform asks time and again whether it may go on. Messages that
+/// wait are then worked on, those of `dialog` first, and the answer is yes until `aborted`. Both
+/// must outlive the printing.
+void InstallAbortProcedure(PrinterRecord& printer, DialogRecord& dialog, const bool& aborted);
+/// Each returns 0 or the platform's code.
+[[nodiscard]] std::int32_t StartDocument(PrinterRecord& printer, const char* name);
+[[nodiscard]] std::int32_t StartPage(PrinterRecord& printer);
+[[nodiscard]] std::int32_t EndPage(PrinterRecord& printer);
+std::int32_t EndDocument(PrinterRecord& printer);
 
 }  // namespace ondrel::toolkit

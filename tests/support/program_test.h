@@ -24,6 +24,10 @@ class ProgramTest : public ::testing::Test {
     EXPECT_EQ(scripted::TheShell().OpenFiles, 0) << "files that nobody closed";
     EXPECT_EQ(scripted::TheShell().OpenDevices, 0) << "devices that nobody gave back";
     EXPECT_EQ(scripted::TheShell().DeviceObjects, 0) << "pens and fonts that nobody deleted";
+    EXPECT_EQ(scripted::TheShell().LiveMetafiles, 0) << "metafiles that nobody deleted";
+    EXPECT_FALSE(scripted::TheShell().Clipboard.Open) << "a clipboard that nobody closed";
+    EXPECT_EQ(scripted::TheShell().Printer.Live, 0) << "printers that nobody freed";
+    EXPECT_EQ(scripted::DialogBeside(), nullptr) << "a dialog that nobody destroyed";
   }
 
   scripted::Shell& shell() { return scripted::TheShell(); }

@@ -4,27 +4,38 @@
 #include <limits>
 #include <string>
 
-#include "support/scripted_shell.h"
+#include "support/scripted_device.h"
 
 namespace ondrel::scripted {
 
-namespace {
-
-/// What a device keeps while it lives; the record's handles point here.
-struct Device {
-  std::int32_t FontHeight = 10;
-  std::int32_t X = 0;
-  std::int32_t Y = 0;
-};
-
-Device& DeviceOf(const DeviceRecord& record) {
-  return *static_cast<Device*>(record.Dc);
+DeviceRecord MakeDevice(DeviceKind kind, double dpi) {
+  ++TheShell().OpenDevices;
+  return {.Dc = new Device{.Kind = kind, .Dpi = dpi, .Picture = {}}};
 }
+
+void FreeDevice(DeviceRecord& record) {
+  if (record.Dc == nullptr) return;
+  --TheShell().OpenDevices;
+  delete static_cast<Device*>(record.Dc);
+  record.Dc = nullptr;
+}
+
+namespace {
 
 /// `line` makes the text of what is drawn.
 template <typename Line>
-void Draw(Line line) {
-  if (TheShell().KeepsDrawing) TheShell().Drawing.push_back(line());
+void Draw(const DeviceRecord& record, Line line) {
+  if (!TheShell().KeepsDrawing) return;
+  Device& device = DeviceOf(record);
+  const std::string mark = device.Kind == DeviceKind::Measuring ? "measuring: " : "";
+  TheShell().Drawing.push_back(mark + line());
+  if (device.Kind == DeviceKind::Metafile) device.Picture.push_back(line());
+  if (device.Kind == DeviceKind::Printer) TheShell().Printer.Paper.push_back(line());
+}
+
+/// A metafile measures nothing.
+bool Measures(const DeviceRecord& record) {
+  return DeviceOf(record).Kind != DeviceKind::Metafile;
 }
 
 /// A new object takes the place of the one that the record owned.
@@ -78,14 +89,17 @@ namespace ondrel::toolkit {
 using namespace scripted;
 
 DeviceRecord AcquireDevice(ChildWindow*) {
-  ++TheShell().OpenDevices;
-  return {.Dc = new Device};
+  return MakeDevice(DeviceKind::Window, TheShell().DeviceDpi);
+}
+void ReleaseDevice(ChildWindow*, DeviceRecord& device) {
+  FreeDevice(device);
 }
 
-void ReleaseDevice(ChildWindow*, DeviceRecord& device) {
-  --TheShell().OpenDevices;
-  delete static_cast<Device*>(device.Dc);
-  device.Dc = nullptr;
+DeviceRecord AcquireMeasuringDevice() {
+  return MakeDevice(DeviceKind::Measuring, TheShell().DeviceDpi);
+}
+void ReleaseMeasuringDevice(DeviceRecord& device) {
+  FreeDevice(device);
 }
 
 BufferRecord BeginBuffer(const DeviceRecord& device, const IntRect&) {
@@ -94,9 +108,9 @@ BufferRecord BeginBuffer(const DeviceRecord& device, const IntRect&) {
   return {.Device = AcquireDevice(nullptr), .Bitmap = &bitmap};
 }
 
-void EndBuffer(const DeviceRecord&, BufferRecord& buffer, const IntRect& rect) {
+void EndBuffer(const DeviceRecord& device, BufferRecord& buffer, const IntRect& rect) {
   if (buffer.Bitmap == nullptr) return;
-  Draw([&] { return "show " + Text(rect); });
+  Draw(device, [&] { return "show " + Text(rect); });
   ReleaseDevice(nullptr, buffer.Device);
 }
 
@@ -108,14 +122,14 @@ void CleanUpDevice(DeviceRecord& device) {
   Drop(device.Pen);
   Drop(device.Brush);
   Drop(device.Font);
-  Draw([&] { return "clean up"; });
+  Draw(device, [&] { return "clean up"; });
 }
-double DeviceDpi(const DeviceRecord&) {
-  return TheShell().DeviceDpi;
+double DeviceDpi(const DeviceRecord& device) {
+  return DeviceOf(device).Dpi;
 }
 void SetPenWidth(DeviceRecord& device, std::int32_t width) {
   Own(device.Pen);
-  Draw([&] { return "pen width " + std::to_string(width); });
+  Draw(device, [&] { return "pen width " + std::to_string(width); });
 }
 
 void SetFontHeight(DeviceRecord& device, std::int32_t height) {
@@ -124,26 +138,28 @@ void SetFontHeight(DeviceRecord& device, std::int32_t height) {
 }
 
 FontMetrics MeasureFont(const DeviceRecord& device) {
+  if (!Measures(device)) return {};
   return MetricsOf(DeviceOf(device).FontHeight);
 }
 
 std::int32_t TextWidth(const DeviceRecord& device, const char* text) {
+  if (!Measures(device)) return 0;
   return Saturated(std::int64_t{CharWidth(DeviceOf(device).FontHeight)} *
                    static_cast<std::int64_t>(std::string(text).size()));
 }
 
-void SetBackground(DeviceRecord&, const RgbColor& color) {
-  Draw([&] { return "background " + Text(color); });
+void SetBackground(DeviceRecord& device, const RgbColor& color) {
+  Draw(device, [&] { return "background " + Text(color); });
 }
 
-void FillArea(DeviceRecord&, const IntRect& rect, const RgbColor& color) {
-  Draw([&] { return "fill " + Text(rect) + " with " + Text(color); });
+void FillArea(DeviceRecord& device, const IntRect& rect, const RgbColor& color) {
+  Draw(device, [&] { return "fill " + Text(rect) + " with " + Text(color); });
 }
 
 void SetDrawingColor(DeviceRecord& device, const RgbColor& color) {
   Own(device.Pen);
   Own(device.Brush);
-  Draw([&] { return "color " + Text(color); });
+  Draw(device, [&] { return "color " + Text(color); });
 }
 
 void MoveTo(DeviceRecord& device, std::int32_t x, std::int32_t y) {
@@ -153,44 +169,44 @@ void MoveTo(DeviceRecord& device, std::int32_t x, std::int32_t y) {
 
 void LineTo(DeviceRecord& device, std::int32_t x, std::int32_t y) {
   Device& state = DeviceOf(device);
-  Draw([&] { return "line " + Text(state.X, state.Y) + " to " + Text(x, y); });
+  Draw(device, [&] { return "line " + Text(state.X, state.Y) + " to " + Text(x, y); });
   MoveTo(device, x, y);
 }
 
 void DrawPoint(DeviceRecord& device, std::int32_t x, std::int32_t y) {
-  Draw([&] { return "point " + Text(x, y); });
+  Draw(device, [&] { return "point " + Text(x, y); });
   MoveTo(device, x, y);
 }
 
-void FilledRect(DeviceRecord&, const IntRect& rect) {
-  Draw([&] { return "filled rect " + Text(rect); });
+void FilledRect(DeviceRecord& device, const IntRect& rect) {
+  Draw(device, [&] { return "filled rect " + Text(rect); });
 }
-void HollowRect(DeviceRecord&, const IntRect& rect) {
-  Draw([&] { return "hollow rect " + Text(rect); });
+void HollowRect(DeviceRecord& device, const IntRect& rect) {
+  Draw(device, [&] { return "hollow rect " + Text(rect); });
 }
 
-std::int32_t DrawImage(DeviceRecord&, int resource, const IntRect& rect) {
+std::int32_t DrawImage(DeviceRecord& device, int resource, const IntRect& rect) {
   if (TheShell().ImageError != 0) return TheShell().ImageError;
-  Draw([&] { return "image " + std::to_string(resource) + " " + Text(rect); });
+  Draw(device, [&] { return "image " + std::to_string(resource) + " " + Text(rect); });
   return 0;
 }
 
 void DrawTextHere(DeviceRecord& device, const char* text) {
   Device& state = DeviceOf(device);
-  Draw([&] { return "text " + Text(state.X, state.Y) + " " + text; });
+  Draw(device, [&] { return "text " + Text(state.X, state.Y) + " " + text; });
   state.X = Saturated(std::int64_t{state.X} + TextWidth(device, text));
 }
 
-void ClipTo(DeviceRecord&, const IntRect& rect) {
-  Draw([&] { return "clip " + Text(rect); });
+void ClipTo(DeviceRecord& device, const IntRect& rect) {
+  Draw(device, [&] { return "clip " + Text(rect); });
 }
-void RemoveClip(DeviceRecord&) {
-  Draw([&] { return "clip off"; });
+void RemoveClip(DeviceRecord& device) {
+  Draw(device, [&] { return "clip off"; });
 }
 
-void ScrollArea(ChildWindow*, DeviceRecord&, const IntRect& rect, std::int32_t dy,
+void ScrollArea(ChildWindow*, DeviceRecord& device, const IntRect& rect, std::int32_t dy,
                 const RgbColor& background) {
-  Draw([&] {
+  Draw(device, [&] {
     return "scroll " + Text(rect) + " by " + std::to_string(dy) + " with " + Text(background);
   });
 }

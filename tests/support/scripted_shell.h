@@ -48,14 +48,19 @@ struct Control {
   int Shown = -1;                  // place of the text that a list shows
 };
 
-/// A dialog while it is open: a script acts on it as a user would.
+/// A dialog while it is open: a script acts on it as a user would. On one that has ended it can do
+/// nothing.
 class OpenDialog {
  public:
   OpenDialog(int resource, const toolkit::DialogOperations& operations, void* user);
+  /// One that stands beside the program, behind the program's record.
+  OpenDialog(int resource, const toolkit::DialogOperations& operations, void* user,
+             toolkit::DialogRecord& record);
 
   int Resource() const { return resource_; }
   /// The result that ended it, or 0 while it is open.
   int Result() const { return result_; }
+  bool IsOpen() const { return result_ == 0; }
   Control& At(int control) { return controls_[control]; }
 
   void Initialize();
@@ -67,16 +72,20 @@ class OpenDialog {
   void Press(int control);
   /// The key, or the close box.
   void Escape();
+  /// Ends it from outside.
+  void Destroy();
 
   toolkit::DialogRecord Record;
 
  private:
   void Command(int control);
+  void End(int result);
 
   int resource_;
   toolkit::DialogOperations operations_;
   void* user_;
   int result_ = 0;
+  toolkit::DialogRecord* theirs_ = nullptr;  // of a dialog that stands beside the program
   std::map<int, Control> controls_;
 };
 
@@ -93,6 +102,7 @@ struct Window {
   IntRect Place;
   IntRect Client;
   bool Shown = false;
+  bool Enabled = true;
   WindowPlacement State = WindowPlacement::Normal;
   std::array<ScrollBar, 2> Bars;  // by Axis
   std::vector<IntRect> Invalidated;
@@ -117,6 +127,33 @@ struct MenuBar {
   int Redrawn = 0;
 };
 
+/// What other programs find on the clipboard.
+struct Clipboard {
+  bool Open = false;
+  bool HasPicture = false;
+  std::vector<std::string> Picture;  // what was drawn, as in Shell::Drawing
+  std::int32_t Width = 0;
+  std::int32_t Height = 0;
+};
+
+/// The printer of the machine. Its device draws as a window's does.
+struct Printer {
+  bool Exists = true;
+  double Dpi = 300.0;
+  std::deque<bool> Answers;         // to the dialogs, true for OK; none left: the user cancels
+  std::vector<double> ChosenDpi;    // resolutions of the devices that OK brings, one after another
+  std::function<void()> WhileBusy;  // messages that arrive during StartDocument and EndPage
+  bool MindsAbort = true;           // off: it goes on whatever the abort procedure answers
+  std::vector<std::string> Paper;   // what was drawn on it, as in Shell::Drawing
+  Fault StartDocument;
+  Fault StartPage;
+  Fault EndPage;
+  Fault EndDocument;
+  std::int32_t Error = 1722;  // the code of those that fail
+  int Live = 0;               // found and not freed
+};
+
+inline constexpr std::int32_t kPrintCancelled = 63;  // what the platform calls an aborted print
 inline constexpr std::int32_t kScreenDpi = 96;
 
 struct Shell {
@@ -129,6 +166,8 @@ struct Shell {
   std::deque<RgbColor> ColorChoices;                           // none left: the user cancels
   std::deque<std::function<void(OpenDialog&)>> DialogScripts;  // none left: the user cancels
   std::vector<int> Dialogs;                                    // resources of those shown
+  /// All that were opened beside the program, those that have ended included.
+  std::vector<std::unique_ptr<OpenDialog>> DialogsBeside;
 
   Fault Allocation;
   Fault Open;
@@ -143,6 +182,16 @@ struct Shell {
   Fault ControlText;  // also check boxes and lists
   Fault CreateFrame;
   Fault CreateChild;
+  Fault OpenDialogBeside;
+  Fault BeginMetafile;
+  Fault EndMetafile;  // the device is gone all the same
+  Fault CopyMetafile;
+  Fault DeleteMetafile;            // the metafile is gone all the same
+  std::int32_t MetafileError = 6;  // the code of a metafile that cannot be deleted
+  Fault OpenClipboard;
+  Fault EmptyClipboard;
+  Fault GiveToClipboard;
+  Fault CloseClipboard;                                  // it is closed all the same
   std::size_t LargestAllocation = std::size_t{1} << 31;  // larger ones are refused without trying
   int LiveAllocations = 0;
   std::vector<const void*>* Freed = nullptr;  // takes the addresses that are freed, in their order
@@ -150,10 +199,15 @@ struct Shell {
   std::string UserFolder;  // where the folders of programs are; empty: there is none
   int OpenDevices = 0;     // acquired and not released
   int DeviceObjects = 0;   // pens, brushes and fonts that device records own
+  int LiveMetafiles = 0;   // ended, neither deleted nor given to the clipboard
 
-  std::vector<std::string> Drawing;  // one line a call
-  bool KeepsDrawing = true;          // off where much is drawn and nobody reads the lines
-  std::vector<std::string> Windows;  // one line for each thing done to a window
+  /// One line a call; what goes to a measuring device, and is never seen, begins with "measuring:
+  /// ".
+  std::vector<std::string> Drawing;
+  bool KeepsDrawing = true;  // off where much is drawn and nobody reads the lines
+  /// One line for each thing done to a window, a dialog beside the program, the clipboard or the
+  /// printer.
+  std::vector<std::string> Windows;
   bool Waiting = false;
   int WaitCursorChanges = 0;
   double DeviceDpi = kScreenDpi;
@@ -166,6 +220,8 @@ struct Shell {
   std::unique_ptr<Window> FrameHolder;
   std::vector<std::unique_ptr<Window>> Children;  // top first
   MenuBar Menu;
+  ondrel::scripted::Clipboard Clipboard;
+  ondrel::scripted::Printer Printer;
   bool Quit = false;  // the frame was destroyed
   std::function<void(FrameWindow*)> Loop;
 
@@ -174,6 +230,12 @@ struct Shell {
 
 Shell& TheShell();
 void ResetShell();
+
+/// The dialog that stands beside the program, or null.
+OpenDialog* DialogBeside();
+
+/// Writes a line into Shell::Windows.
+void Note(const std::string& line);
 
 /// The scripted window behind a record.
 Window& WindowOf(WindowRecord* record);
@@ -191,6 +253,9 @@ void PlaceChild(ChildWindow* child, const IntRect& place);
 /// As a paint message of the platform: paints the child and makes it valid, or does nothing while
 /// no part of it is invalid. False when nothing was painted.
 bool PaintInvalidChild(ChildWindow* child);
+
+/// The bytes of a metafile, as a file holds them, in which these lines were drawn.
+std::string MetafileBytes(const std::vector<std::string>& lines);
 
 /// Every byte of a text is equally wide.
 std::int32_t CharWidth(std::int32_t fontHeight);

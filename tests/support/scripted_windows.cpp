@@ -154,6 +154,15 @@ void ShowWindow(WindowRecord* window) {
   scripted::TellPlace(WindowOf(window));
 }
 
+void EnableWindow(WindowRecord* record, bool enabled) {
+  Window& window = WindowOf(record);
+  scripted::Note((window.Frame == nullptr ? "frame" : window.Title) +
+                 (enabled ? " enabled" : " disabled"));
+  const bool changes = window.Enabled != enabled;
+  window.Enabled = enabled;
+  if (changes && record->Callbacks != nullptr) record->Callbacks->Enabled(record, enabled);
+}
+
 void MaximizeWindow(WindowRecord* window) {
   WindowOf(window).State = WindowPlacement::Maximized;
   scripted::TellPlace(WindowOf(window));

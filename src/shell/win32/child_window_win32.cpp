@@ -94,6 +94,12 @@ void OnLeftButtonUp(ChildWindow* child, LPARAM position) {
   ReleaseCapture();
 }
 
+/// While the frame is disabled what shows it is in the middle of its work, of which a child may be
+/// the object. Only messages that other programs post still arrive then.
+bool IsBusy(HWND child) {
+  return IsWindowEnabled(GetParent(child)) == FALSE;
+}
+
 /// True when the command was the system menu's "Next".
 bool OnSystemCommand(ChildWindow* child, WPARAM command) {
   if ((command & 0xFFF0) != SC_NEXTWINDOW) return false;  // the low bits are the platform's own
@@ -129,7 +135,7 @@ LRESULT CALLBACK ChildProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
       if (OnPaint(child)) return 0;
       break;
     case WM_CLOSE:
-      child->Callbacks->Close(child);  // the child may be gone now
+      if (!IsBusy(window)) child->Callbacks->Close(child);  // the child may be gone now
       return 0;
     case WM_ERASEBKGND:
       return 0;

@@ -15,6 +15,11 @@ HDC DcOf(const DeviceRecord& device) {
   return win32::DcOf(device);
 }
 
+/// Versions of Windows differ in what they answer to who measures in a metafile.
+bool IsMetafile(const DeviceRecord& device) {
+  return GetObjectType(DcOf(device)) == OBJ_METADC;
+}
+
 /// Selects a new object into the device and deletes the one that it replaces. Without a new object
 /// all stays as it was.
 void ReplaceObject(DeviceRecord& device, void*& owned, HGDIOBJ object) {
@@ -50,6 +55,15 @@ void ReleaseDevice(ChildWindow* window, DeviceRecord& device) {
   device.Dc = nullptr;
 }
 
+DeviceRecord AcquireMeasuringDevice() {
+  return {.Dc = CreateCompatibleDC(nullptr)};
+}
+
+void ReleaseMeasuringDevice(DeviceRecord& device) {
+  DeleteDC(DcOf(device));
+  device.Dc = nullptr;
+}
+
 void SetUpDevice(DeviceRecord& device) {
   // A negative height is that of the characters, without the leading above them.
   ReplaceObject(device, device.Font,
@@ -68,7 +82,7 @@ void CleanUpDevice(DeviceRecord& device) {
 }
 
 double DeviceDpi(const DeviceRecord& device) {
-  return GetDeviceCaps(DcOf(device), LOGPIXELSY);
+  return IsMetafile(device) ? 0.0 : GetDeviceCaps(DcOf(device), LOGPIXELSY);
 }
 
 void SetPenWidth(DeviceRecord& device, std::int32_t width) {
@@ -86,6 +100,7 @@ void SetFontHeight(DeviceRecord& device, std::int32_t height) {
 }
 
 FontMetrics MeasureFont(const DeviceRecord& device) {
+  if (IsMetafile(device)) return {};
   TEXTMETRICA metrics{};
   GetTextMetricsA(DcOf(device), &metrics);
   return {.Ascent = static_cast<std::int32_t>(metrics.tmAscent),
@@ -94,6 +109,7 @@ FontMetrics MeasureFont(const DeviceRecord& device) {
 }
 
 std::int32_t TextWidth(const DeviceRecord& device, const char* text) {
+  if (IsMetafile(device)) return 0;
   SIZE size{};
   GetTextExtentPoint32A(DcOf(device), text, static_cast<int>(std::strlen(text)), &size);
   return static_cast<std::int32_t>(size.cx);

@@ -1,4 +1,4 @@
-// Modal dialogs: a resource, two functions of the program, and their controls by id.
+// Dialogs: a resource, two functions of the program, and their controls by id.
 #include <cstring>
 
 #include "shell/toolkit.h"
@@ -7,11 +7,13 @@
 namespace ondrel::toolkit {
 namespace {
 
-/// A dialog while it is open; the dialog keeps it under the record property.
+/// A dialog while it is open; the dialog keeps it under the record property and frees it.
 struct DialogRun {
-  DialogRecord Record;
+  DialogRecord* Record;
   const DialogOperations* Operations;
   void* User;
+  bool IsModal;
+  HHOOK EscapeHook;
 };
 
 DialogRun* RunOf(HWND dialog) {
@@ -19,46 +21,21 @@ DialogRun* RunOf(HWND dialog) {
 }
 
 HWND HandleOf(const DialogRecord& dialog) {
-  return static_cast<HWND>(dialog.Handle);
+  return win32::HandleOf(dialog);
 }
 
-void OnInitialize(HWND dialog, DialogRun& run) {
-  SetPropA(dialog, win32::kRecordProperty, &run);
-  run.Record.Handle = dialog;
-  const int result = run.Operations->Initialize(run.Record, run.User);
-  if (result != 0) EndDialog(dialog, result);
+/// A dialog that stands beside the program is gone afterwards.
+void End(HWND dialog, bool isModal, int result) {
+  if (isModal) {
+    EndDialog(dialog, result);
+  } else {
+    ::DestroyWindow(dialog);
+  }
 }
 
 void OnCommand(DialogRun& run, int control) {
-  if (run.Operations->Command(run.Record, control, run.User) != 0) {
-    EndDialog(HandleOf(run.Record), control);
-  }
-}
-
-INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_INITDIALOG) {
-    OnInitialize(dialog, *reinterpret_cast<DialogRun*>(lParam));
-    // What Windows chose before the controls were filled may be a radio button that is not checked.
-    SendMessageA(dialog, WM_NEXTDLGCTL,
-                 reinterpret_cast<WPARAM>(GetNextDlgTabItem(dialog, nullptr, FALSE)), TRUE);
-    return FALSE;
-  }
-  DialogRun* run = RunOf(dialog);
-  if (run == nullptr) return FALSE;
-  switch (message) {
-    case WM_COMMAND:
-      OnCommand(*run, LOWORD(wParam));
-      return TRUE;
-    case WM_CLOSE:
-      // Left alone, the close box would press button 2, and not even that while it is greyed.
-      OnCommand(*run, run->Operations->CancelControl);
-      return TRUE;
-    case WM_DESTROY:
-      RemovePropA(dialog, win32::kRecordProperty);
-      return FALSE;
-    default:
-      return FALSE;
-  }
+  if (run.Operations->Command(*run.Record, control, run.User) == 0) return;
+  End(HandleOf(*run.Record), run.IsModal, control);
 }
 
 /// The run of the dialog that `window` belongs to, or null. Frame and children keep records of
@@ -86,16 +63,79 @@ LRESULT CALLBACK CatchEscape(int code, WPARAM wParam, LPARAM lParam) {
   return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
+void OnInitialize(HWND dialog, const DialogRun& asked) {
+  constexpr int kNoMemory = -1;
+  auto* run = AllocateRecords<DialogRun>(1);
+  if (run == nullptr) {
+    End(dialog, asked.IsModal, kNoMemory);
+    return;
+  }
+  *run = asked;
+  run->EscapeHook = SetWindowsHookExA(WH_MSGFILTER, CatchEscape, nullptr, GetCurrentThreadId());
+  SetPropA(dialog, win32::kRecordProperty, run);
+  run->Record->Handle = dialog;
+  const int result = run->Operations->Initialize(*run->Record, run->User);
+  if (result != 0) End(dialog, asked.IsModal, result);
+}
+
+void OnDialogDestroy(HWND dialog, DialogRun& run) {
+  RemovePropA(dialog, win32::kRecordProperty);
+  run.Record->Handle = nullptr;
+  if (run.EscapeHook != nullptr) UnhookWindowsHookEx(run.EscapeHook);
+  FreeMemory(&run);
+}
+
+INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_INITDIALOG) {
+    OnInitialize(dialog, *reinterpret_cast<const DialogRun*>(lParam));
+    // What Windows chose before the controls were filled may be a radio button that is not checked.
+    SendMessageA(dialog, WM_NEXTDLGCTL,
+                 reinterpret_cast<WPARAM>(GetNextDlgTabItem(dialog, nullptr, FALSE)), TRUE);
+    return FALSE;
+  }
+  DialogRun* run = RunOf(dialog);
+  if (run == nullptr) return FALSE;
+  switch (message) {
+    case WM_COMMAND:
+      OnCommand(*run, LOWORD(wParam));
+      return TRUE;
+    case WM_CLOSE:
+      // Left alone, the close box would press button 2, and not even that while it is greyed.
+      OnCommand(*run, run->Operations->CancelControl);
+      return TRUE;
+    case WM_DESTROY:
+      OnDialogDestroy(dialog, *run);
+      return FALSE;
+    default:
+      return FALSE;
+  }
+}
+
 }  // namespace
 
 int RunDialog(FrameWindow* frame, int resource, const DialogOperations& operations, void* user) {
-  DialogRun run{{}, &operations, user};
-  HHOOK hook = SetWindowsHookExA(WH_MSGFILTER, CatchEscape, nullptr, GetCurrentThreadId());
-  const INT_PTR result =
-      DialogBoxParamA(win32::Module(), MAKEINTRESOURCEA(resource), win32::OwnerHandle(frame),
-                      DialogProcedure, reinterpret_cast<LPARAM>(&run));
-  if (hook != nullptr) UnhookWindowsHookEx(hook);
-  return static_cast<int>(result);
+  DialogRecord dialog;
+  const DialogRun run{&dialog, &operations, user, true, nullptr};
+  return static_cast<int>(DialogBoxParamA(win32::Module(), MAKEINTRESOURCEA(resource),
+                                          win32::OwnerHandle(frame), DialogProcedure,
+                                          reinterpret_cast<LPARAM>(&run)));
+}
+
+bool OpenDialog(FrameWindow* frame, int resource, const DialogOperations& operations, void* user,
+                DialogRecord& dialog) {
+  dialog.Handle = nullptr;
+  const DialogRun run{&dialog, &operations, user, false, nullptr};
+  CreateDialogParamA(win32::Module(), MAKEINTRESOURCEA(resource), win32::OwnerHandle(frame),
+                     DialogProcedure, reinterpret_cast<LPARAM>(&run));
+  if (dialog.Handle == nullptr) return false;
+  ::ShowWindow(HandleOf(dialog), SW_SHOW);
+  // The program may work on without looking at messages for a while.
+  RedrawWindow(HandleOf(dialog), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  return true;
+}
+
+void DestroyDialog(DialogRecord& dialog) {
+  if (dialog.Handle != nullptr) ::DestroyWindow(HandleOf(dialog));
 }
 
 namespace {
@@ -140,7 +180,7 @@ int ReadList(DialogRecord& dialog, int control) {
 }
 
 void EnableControl(DialogRecord& dialog, int control, bool enabled) {
-  EnableWindow(GetDlgItem(HandleOf(dialog), control), enabled ? TRUE : FALSE);
+  ::EnableWindow(GetDlgItem(HandleOf(dialog), control), enabled ? TRUE : FALSE);
 }
 
 }  // namespace ondrel::toolkit

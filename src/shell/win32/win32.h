@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "shell/toolkit.h"
 #include "shell/window_record.h"
 #include "workspace/geometry.h"
 
@@ -48,6 +49,13 @@ inline HWND TopChild(HWND frame) {
 
 inline HDC DcOf(const DeviceRecord& device) {
   return static_cast<HDC>(device.Dc);
+}
+
+inline HWND HandleOf(const toolkit::DialogRecord& dialog) {
+  return static_cast<HWND>(dialog.Handle);
+}
+inline HMETAFILE HandleOf(toolkit::MetafileHandle metafile) {
+  return static_cast<HMETAFILE>(metafile.Handle);
 }
 
 inline RECT ToRect(const IntRect& rect) {

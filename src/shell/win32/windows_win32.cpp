@@ -30,6 +30,10 @@ void ShowWindow(WindowRecord* window) {
   UpdateWindow(win32::HandleOf(window));
 }
 
+void EnableWindow(WindowRecord* window, bool enabled) {
+  ::EnableWindow(win32::HandleOf(window), enabled ? TRUE : FALSE);
+}
+
 void MaximizeWindow(WindowRecord* window) {
   ::ShowWindow(win32::HandleOf(window), SW_SHOWMAXIMIZED);
 }
