@@ -45,7 +45,7 @@ void DrawTextUpTo(const Drawing& drawing, double x, double y, const char* text) 
 }
 
 void DrawTextCentredAt(const Drawing& drawing, double x, double y, const char* text) {
-  const double half = toolkit::TextWidth(drawing.Context.Device, text) / 2.0;
+  const double half = toolkit::TextWidth(MeasuringDevice(drawing.Context), text) / 2.0;
   DrawAligned(drawing, x - half, y, TextAlignment::Left, text);
 }
 

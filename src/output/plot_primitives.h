@@ -33,9 +33,7 @@ void SetClip(const Drawing& drawing, const IntRect& rect);
 void DrawTextFrom(const Drawing& drawing, double x, double y, const char* text);
 /// Text on the baseline `y` that ends at `x`.
 void DrawTextUpTo(const Drawing& drawing, double x, double y, const char* text);
-/// Text on the baseline `y` with its middle at `x`. No operation of a sink measures a text, so its
-/// width is that in the font of the context's device: a form that writes into a file is lent a
-/// device, with its font, for as long as it draws.
+/// Text on the baseline `y` with its middle at `x`, by its width on the device that measures.
 void DrawTextCentredAt(const Drawing& drawing, double x, double y, const char* text);
 
 void DrawLine(const Drawing& drawing, double x1, double y1, double x2, double y2);

@@ -19,6 +19,7 @@ inline constexpr CommandId kExportGraph = 51726;
 inline constexpr CommandId kExportText = 51727;
 inline constexpr CommandId kPrint = 51728;
 inline constexpr CommandId kExit = 51730;
+inline constexpr CommandId kCopy = 51972;
 inline constexpr CommandId kEvents = 52225;
 inline constexpr CommandId kResetFilters = 52227;
 inline constexpr CommandId kSweepFilter = 52228;

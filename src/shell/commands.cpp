@@ -7,12 +7,16 @@
 #include "shell/command_ids.h"
 #include "shell/file_commands.h"
 #include "shell/file_settings_dialog.h"
+#include "shell/graph_export.h"
 #include "shell/histogram_commands.h"
 #include "shell/histogram_dialogs.h"
 #include "shell/level_dialogs.h"
 #include "shell/menus.h"
 #include "shell/plot_dialogs.h"
 #include "shell/preferences.h"
+#include "shell/print_command.h"
+#include "shell/save_commands.h"
+#include "shell/text_export_command.h"
 #include "views/all_views.h"
 #include "views/fit_views.h"
 #include "views/view_window.h"
@@ -47,10 +51,16 @@ constexpr CommandRecord kCommands[] = {
     {command::kClose, CloseCommand},
     {command::kAdd, AddCommand},
     {command::kImportEvents, ImportCommand},
+    {command::kSaveEvents, SaveEventsCommand},
+    {command::kSaveLevels, SaveLevelsCommand},
     {command::kLoadPreferences, LoadPreferencesCommand},
     {command::kSavePreferences, SavePreferencesCommand},
     {command::kFileSettings, FileSettingsCommand},
+    {command::kExportGraph, ExportGraphCommand},
+    {command::kExportText, ExportTextCommand},
+    {command::kPrint, PrintCommand},
     {command::kExit, ExitCommand},
+    {command::kCopy, CopyCommand},
     {command::kEvents, EventsCommand},
     {command::kResetFilters, ResetCommand},
     {command::kSweepFilter, SweepFilterCommand},

@@ -1,5 +1,7 @@
 #include "views/all_views.h"
 
+#include "output/eps_sink.h"
+#include "output/illustrator_sink.h"
 #include "output/screen_sink.h"
 #include "shell/toolkit.h"
 #include "views/view_kinds.h"
@@ -53,6 +55,8 @@ void ResetView(ViewState& view, const ViewKindRecord& facts) {
 void ResetViews(Workspace& workspace) {
   for (const ViewKind kind : kRefreshOrder) ResetView(ViewOf(workspace, kind), FactsOf(kind));
   workspace.ScreenSink = kScreenSink;
+  workspace.IllustratorSink = kIllustratorSink;
+  workspace.EpsSink = kEpsSink;
   workspace.ScreenDpi = toolkit::ScreenDpi();
   workspace.CascadeOffset = toolkit::MinimumWindowHeight();
   workspace.CascadeStep = toolkit::MinimumWindowHeight();

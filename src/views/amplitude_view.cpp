@@ -5,6 +5,8 @@
 #include "fit/histogram_axis.h"
 #include "views/estimate_gestures.h"
 #include "views/graph_frame.h"
+#include "views/graph_window.h"
+#include "views/histogram_layout.h"
 #include "views/histogram_parts.h"
 #include "views/histogram_window.h"
 #include "views/term_markers.h"
@@ -55,6 +57,14 @@ constexpr HistogramTwin<AmplitudeHistogram> kTwin = {
     .DrawCurve = DrawAmplitudeCurve,
 };
 
+void LayOut(Workspace& workspace, const Destination& destination) {
+  LayoutAmplitude(workspace, destination.Sink, destination.Rect);
+}
+
+void Draw(Workspace& workspace, const Destination& destination) {
+  DrawAmplitude(workspace, destination.Sink, destination.Rect);
+}
+
 }  // namespace
 
 void DrawAmplitude(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
@@ -79,7 +89,12 @@ void DrawAmplitudeFit(Workspace& workspace, const GraphicsSink& sink) {
   DrawFitOf(kTwin, workspace, sink);
 }
 
-const ViewRoutines kAmplitudeViewRoutines = {.Paint = PaintHistogramView<ViewKind::Amplitude>,
-                                             .Mouse = &kAmplitudeMouse};
+const ViewRoutines kAmplitudeViewRoutines = {
+    .Paint = PaintHistogramView<ViewKind::Amplitude>,
+    .LayOut = LayOut,
+    .Draw = Draw,
+    .MoveForMetafile = MoveLabelsOf<ViewKind::Amplitude>,
+    .Mouse = &kAmplitudeMouse,
+};
 
 }  // namespace ondrel

@@ -7,6 +7,8 @@
 #include "fit/histogram_axis.h"
 #include "views/estimate_gestures.h"
 #include "views/graph_frame.h"
+#include "views/graph_window.h"
+#include "views/histogram_layout.h"
 #include "views/histogram_parts.h"
 #include "views/histogram_window.h"
 #include "views/term_markers.h"
@@ -92,6 +94,14 @@ constexpr HistogramTwin<DurationHistogram> kTwin = {
     .DrawCurve = DrawDurationCurve,
 };
 
+void LayOut(Workspace& workspace, const Destination& destination) {
+  LayoutDuration(workspace, destination.Sink, destination.Rect);
+}
+
+void Draw(Workspace& workspace, const Destination& destination) {
+  DrawDuration(workspace, destination.Sink, destination.Rect);
+}
+
 }  // namespace
 
 void DrawDuration(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
@@ -116,7 +126,12 @@ void DrawDurationFit(Workspace& workspace, const GraphicsSink& sink) {
   DrawFitOf(kTwin, workspace, sink);
 }
 
-const ViewRoutines kDurationViewRoutines = {.Paint = PaintHistogramView<ViewKind::Duration>,
-                                            .Mouse = &kDurationMouse};
+const ViewRoutines kDurationViewRoutines = {
+    .Paint = PaintHistogramView<ViewKind::Duration>,
+    .LayOut = LayOut,
+    .Draw = Draw,
+    .MoveForMetafile = MoveLabelsOf<ViewKind::Duration>,
+    .Mouse = &kDurationMouse,
+};
 
 }  // namespace ondrel

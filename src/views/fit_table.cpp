@@ -193,7 +193,8 @@ void MeasureFitColumns(Workspace& workspace, const FitTable& table, const IntRec
 std::int32_t FitLineHeight(const Workspace& workspace) {
   constexpr double kUsualLeading = 0.2;  // of the height of the letters
   const std::int32_t height = MeasureLine(workspace).Height;
-  const std::int32_t leading = toolkit::MeasureFont(workspace.Graphics.Device).ExternalLeading;
+  const std::int32_t leading =
+      toolkit::MeasureFont(MeasuringDevice(workspace.Graphics)).ExternalLeading;
   return height + (leading != 0 ? leading : TruncateToInteger(kUsualLeading * height));
 }
 

@@ -38,23 +38,28 @@ const RgbColor& BackgroundOf(const Workspace& workspace, const FitView& fit) {
 
 // --- Drawing -------------------------------------------------------------------------------------
 
-void DrawClipped(Workspace& workspace, const FitView& fit, const Drawing& drawing,
-                 const IntRect& client) {
-  DeviceRecord& device = drawing.Context.Device;
-  fit.MeasureColumns(workspace, client);
-  SetClip(drawing, client);
-  fit.DrawTable(workspace, drawing.Sink, client, toolkit::DeviceDpi(device),
-                FitLineHeight(workspace));
-  toolkit::RemoveClip(device);
+template <const FitView& kFit>
+void LayOut(Workspace& workspace, const Destination& destination) {
+  kFit.MeasureColumns(workspace, destination.Rect);
+}
+
+template <const FitView& kFit>
+void Draw(Workspace& workspace, const Destination& destination) {
+  kFit.DrawTable(workspace, destination.Sink, destination.Rect, destination.PictureDpi,
+                 FitLineHeight(workspace));
 }
 
 /// Out of sight first: the table is drawn again with every move of the mouse.
 void DrawInWindow(ChildWindow* window, const FitView& fit, const DeviceRecord& device,
                   const RgbColor& background) {
   Workspace& workspace = *window->Owner;
+  const ViewRoutines& routines = *FactsOf(FitViewOf(fit.Histogram)).Routines;
   const IntRect client = toolkit::ClientRect(window);
-  DrawOutOfSight(workspace, device, client, background,
-                 [&](const Drawing& drawing) { DrawClipped(workspace, fit, drawing, client); });
+  DrawOutOfSight(workspace, device, client, background, [&](const Drawing&) {
+    const Destination destination = InWindow(workspace, client);
+    routines.LayOut(workspace, destination);
+    DrawClipped(workspace, routines, destination);
+  });
 }
 
 template <const FitView& kFit>
@@ -134,8 +139,18 @@ void ManualDurationFit(FrameWindow* frame) {
 }
 
 const ViewRoutines kAmplitudeFitViewRoutines = {
-    .Paint = Paint<kAmplitudeFit>, .Opened = RefreshFitEntries, .Closed = LeaveAmplitudeFit};
+    .Paint = Paint<kAmplitudeFit>,
+    .LayOut = LayOut<kAmplitudeFit>,
+    .Draw = Draw<kAmplitudeFit>,
+    .Opened = RefreshFitEntries,
+    .Closed = LeaveAmplitudeFit,
+};
 const ViewRoutines kDurationFitViewRoutines = {
-    .Paint = Paint<kDurationFit>, .Opened = RefreshFitEntries, .Closed = LeaveDurationFit};
+    .Paint = Paint<kDurationFit>,
+    .LayOut = LayOut<kDurationFit>,
+    .Draw = Draw<kDurationFit>,
+    .Opened = RefreshFitEntries,
+    .Closed = LeaveDurationFit,
+};
 
 }  // namespace ondrel

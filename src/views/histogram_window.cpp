@@ -1,9 +1,6 @@
 #include "views/histogram_window.h"
 
 #include "shell/toolkit.h"
-#include "views/amplitude_view.h"
-#include "views/duration_view.h"
-#include "views/histogram_layout.h"
 #include "views/screen_drawing.h"
 
 namespace ondrel {
@@ -25,15 +22,6 @@ void DrawNote(const Drawing& drawing, const ViewState& view, const IntRect& clie
   DrawTextFrom(drawing, x, y, note);
 }
 
-/// The two steps to a picture of a histogram.
-struct HistogramSteps {
-  void (*Layout)(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect);
-  void (*Draw)(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect);
-};
-
-constexpr HistogramSteps kAmplitudeSteps = {.Layout = LayoutAmplitude, .Draw = DrawAmplitude};
-constexpr HistogramSteps kDurationSteps = {.Layout = LayoutDuration, .Draw = DrawDuration};
-
 }  // namespace
 
 void PaintHistogram(ChildWindow* window, ViewKind kind, const DeviceRecord& device,
@@ -42,13 +30,14 @@ void PaintHistogram(ChildWindow* window, ViewKind kind, const DeviceRecord& devi
   const ViewState& view = ViewOf(workspace, kind);
   const RgbColor& background = ColorOf(view, HistogramColor::Background);
   const IntRect client = toolkit::ClientRect(window);
-  const HistogramSteps& steps = kind == ViewKind::Amplitude ? kAmplitudeSteps : kDurationSteps;
+  const ViewRoutines& routines = *FactsOf(kind).Routines;
+  const Destination destination{.Sink = workspace.ScreenSink, .Rect = client};
   // Counting can fail, and the box that says so lets other paint messages through: nothing of the
   // drawing may be under way by then.
-  steps.Layout(workspace, workspace.ScreenSink, client);
+  routines.LayOut(workspace, destination);
 
   DrawOutOfSight(workspace, device, client, background, [&](const Drawing& drawing) {
-    steps.Draw(workspace, drawing.Sink, client);
+    routines.Draw(workspace, destination);
     if (note != nullptr) DrawNote(drawing, view, client, note);
   });
 }

@@ -163,11 +163,40 @@ template <const RecordTable& kTable>
 void Paint(ChildWindow* window, const DeviceRecord& device) {
   PaintRecordTable(window, device, kTable);
 }
+template <const RecordTable& kTable>
+void LayOut(Workspace& workspace, const Destination& destination) {
+  LayOutRecordTable(workspace, kTable, destination);
+}
+template <const RecordTable& kTable>
+void Draw(Workspace& workspace, const Destination& destination) {
+  DrawRecordTableAt(workspace, kTable, destination);
+}
+template <const RecordTable& kTable>
+void MoveForMetafile(Workspace& workspace, const Destination&) {
+  ShiftColumns(workspace, kTable);
+}
+template <const RecordTable& kTable>
+std::int32_t BottomOnPaper(const Workspace& workspace, const Destination& destination) {
+  return BottomOfRows(workspace, kTable, destination);
+}
+
+template <const RecordTable& kTable>
+constexpr ViewRoutines RoutinesOf(bool clipsOnPaper) {
+  return {.Paint = Paint<kTable>,
+          .LayOut = LayOut<kTable>,
+          .Draw = Draw<kTable>,
+          .MoveForMetafile = MoveForMetafile<kTable>,
+          .BottomOnPaper = BottomOnPaper<kTable>,
+          .ClipsOnPaper = clipsOnPaper,
+          .Scrolled = &kTable};
+}
 
 }  // namespace
 
-const ViewRoutines kEventViewRoutines = {.Paint = Paint<kEventTable>, .Scrolled = &kEventTable};
-const ViewRoutines kLevelViewRoutines = {.Paint = Paint<kLevelTable>, .Scrolled = &kLevelTable};
-const ViewRoutines kSweepViewRoutines = {.Paint = Paint<kSweepTable>, .Scrolled = &kSweepTable};
+// On paper the last row of events or levels is shown whole, however low its letters reach; that of
+// sweeps ends with its line.
+const ViewRoutines kEventViewRoutines = RoutinesOf<kEventTable>(false);
+const ViewRoutines kLevelViewRoutines = RoutinesOf<kLevelTable>(false);
+const ViewRoutines kSweepViewRoutines = RoutinesOf<kSweepTable>(true);
 
 }  // namespace ondrel

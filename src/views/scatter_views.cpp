@@ -6,10 +6,9 @@
 
 #include "derived/scatter_points.h"
 #include "output/plot_primitives.h"
-#include "shell/toolkit.h"
 #include "views/graph_frame.h"
+#include "views/graph_window.h"
 #include "views/scatter_axes.h"
-#include "views/screen_drawing.h"
 #include "workspace/units.h"
 
 namespace ondrel {
@@ -172,17 +171,23 @@ void DrawPlot(Workspace& workspace, const GraphicsSink& sink, const IntRect& rec
 }
 
 template <typename Plot>
-void Paint(ChildWindow* window, const DeviceRecord& device) {
-  Workspace& workspace = *window->Owner;
-  ViewState& view = ViewOf(workspace, Plot::kView);
-  const IntRect client = toolkit::ClientRect(window);
-  const RgbColor& background = ColorOf(view, PlotColor::Background);
-  DrawOutOfSight(workspace, device, client, background, [&](const Drawing& drawing) {
-    const double dpi = toolkit::DeviceDpi(drawing.Context.Device);
-    LayOutView(view, workspace.*Plot::kSettings, client, dpi);
-    DrawPlot<Plot>(workspace, drawing.Sink, client);
-  });
+void LayOutPlot(Workspace& workspace, const Destination& destination) {
+  LayOutView(ViewOf(workspace, Plot::kView), workspace.*Plot::kSettings, destination.Rect,
+             destination.Dpi);
 }
+
+template <typename Plot>
+void DrawAt(Workspace& workspace, const Destination& destination) {
+  DrawPlot<Plot>(workspace, destination.Sink, destination.Rect);
+}
+
+template <typename Plot>
+constexpr ViewRoutines kRoutinesOf = {
+    .Paint = PaintGraphView<Plot::kView>,
+    .LayOut = LayOutPlot<Plot>,
+    .Draw = DrawAt<Plot>,
+    .MoveForMetafile = MoveLabelsOf<Plot::kView>,
+};
 
 }  // namespace
 
@@ -210,8 +215,8 @@ void DrawScatter(Workspace& workspace, const GraphicsSink& sink, const IntRect& 
   DrawPlot<AmplitudeDurationPlot>(workspace, sink, rect);
 }
 
-const ViewRoutines kAmplitudeScatterViewRoutines = {.Paint = Paint<AmplitudeScatterPlot>};
-const ViewRoutines kDurationScatterViewRoutines = {.Paint = Paint<DurationScatterPlot>};
-const ViewRoutines kScatterViewRoutines = {.Paint = Paint<AmplitudeDurationPlot>};
+const ViewRoutines kAmplitudeScatterViewRoutines = kRoutinesOf<AmplitudeScatterPlot>;
+const ViewRoutines kDurationScatterViewRoutines = kRoutinesOf<DurationScatterPlot>;
+const ViewRoutines kScatterViewRoutines = kRoutinesOf<AmplitudeDurationPlot>;
 
 }  // namespace ondrel

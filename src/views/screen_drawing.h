@@ -1,4 +1,4 @@
-// The state of the context while something is drawn in a window.
+// The state of the context while something is drawn on a device.
 #pragma once
 
 #include <cstdint>
@@ -15,12 +15,27 @@ struct TextLine {
   std::int32_t Height = 1;  // at least 1
 };
 
-/// Takes `device` into the context and brings it to the state in which every drawing starts: font
-/// and pen at the sizes of the settings, `background` as the device's. `Status` is 0 afterwards.
+/// How a drawing begins.
+struct DrawingSetUp {
+  std::int32_t FontHeight = 0;           // device units
+  double PenSize = 0.0;                  // device units; the pen is as many whole ones as it takes
+  const RgbColor* Background = nullptr;  // null: the device has none
+};
+
+/// Takes `device` into the context and brings it to the state in which every drawing starts.
+/// `Status` is 0 afterwards.
+void BeginDrawing(Workspace& workspace, const DeviceRecord& device, const DrawingSetUp& setUp);
+/// The same for a window, with font and pen at the sizes of the settings.
 void BeginScreenDrawing(Workspace& workspace, const DeviceRecord& device,
                         const RgbColor& background);
 /// Gives up what the context selected into the device.
-void EndScreenDrawing(Workspace& workspace);
+void EndDrawing(Workspace& workspace);
+
+/// Brings a device that a drawing is lent to the drawing's state; the context takes it. What is
+/// measured for the drawing is measured with it from now on.
+void LendDevice(Workspace& workspace, const DeviceRecord& device, const DrawingSetUp& setUp);
+/// Gives up what was selected into the device that was lent.
+void TakeBackDevice(Workspace& workspace);
 
 /// The screen's sink with the context of the workspace.
 Drawing OnScreen(Workspace& workspace);
@@ -34,7 +49,7 @@ void DrawOutOfSight(Workspace& workspace, const DeviceRecord& device, const IntR
   BeginScreenDrawing(workspace, buffer.Device, background);
   toolkit::FillArea(workspace.Graphics.Device, client, background);
   draw(OnScreen(workspace));
-  EndScreenDrawing(workspace);
+  EndDrawing(workspace);
   toolkit::EndBuffer(device, buffer, client);
 }
 

@@ -6,6 +6,7 @@
 #include "shell/toolkit.h"
 #include "views/screen_drawing.h"
 #include "views/view_window.h"
+#include "workspace/truncate.h"
 
 namespace ondrel {
 namespace {
@@ -21,11 +22,19 @@ void DrawRow(const Drawing& drawing, const Workspace& workspace, const RecordTab
 }
 
 /// The lines that hold whole rows, from above the first row's letters.
-IntRect RowArea(const IntRect& client, const TextLine& line, std::int32_t visibleRows) {
-  IntRect area = client;
-  area.Top = client.Top + kHeaderLines * line.Height - line.Ascent;
-  area.Bottom = area.Top + line.Height * visibleRows;
+IntRect RowArea(const IntRect& rect, const TextLine& line, std::int32_t visibleRows) {
+  IntRect area = rect;
+  area.Top = rect.Top + kHeaderLines * line.Height - line.Ascent;
+  // Rows that fit a window can be too high, all together, for the numbers of another place.
+  area.Bottom = TruncateToInteger(area.Top + static_cast<double>(line.Height) * visibleRows);
   return area;
+}
+
+/// A line of the font that is selected now, with the destination's leading below it.
+TextLine LineAt(const Workspace& workspace, const Destination& destination) {
+  TextLine line = MeasureLine(workspace);
+  line.Height += TruncateToInteger(line.Height * destination.Leading);
+  return line;
 }
 
 void MoveThumb(const ViewState& view) {
@@ -103,7 +112,7 @@ void ShiftRows(Workspace& workspace, const RecordTable& table, std::int64_t delt
     ShiftBackward(workspace, table, frame, static_cast<std::int32_t>(-delta));
   }
   MoveThumb(view);
-  EndScreenDrawing(workspace);
+  EndDrawing(workspace);
   toolkit::ReleaseDevice(view.Window, device);
 }
 
@@ -130,6 +139,12 @@ std::int64_t StepTarget(const ViewState& view, std::int32_t count, ScrollStep st
 
 }  // namespace
 
+void LayOutRecordTable(Workspace& workspace, const RecordTable& table,
+                       const Destination& destination) {
+  MeasureColumns(workspace, table.Columns, destination.Rect.Left,
+                 ViewOf(workspace, table.Kind).ColumnRight);
+}
+
 void DrawRecordTable(const Drawing& drawing, const Workspace& workspace, const RecordTable& table,
                      const TableLayout& layout) {
   const ViewState& view = ViewOf(workspace, table.Kind);
@@ -143,30 +158,50 @@ void DrawRecordTable(const Drawing& drawing, const Workspace& workspace, const R
   }
 }
 
+void DrawRecordTableAt(Workspace& workspace, const RecordTable& table,
+                       const Destination& destination) {
+  const TextLine line = LineAt(workspace, destination);
+  const double top = destination.Rect.Top;
+  const double lineHeight = line.Height;
+  DrawRecordTable({destination.Sink, workspace.Graphics}, workspace, table,
+                  {.HeaderBaseline = top + line.Ascent,
+                   .FirstRowBaseline = top + kHeaderLines * lineHeight,
+                   .LineHeight = lineHeight});
+}
+
+void ShiftColumns(Workspace& workspace, const RecordTable& table) {
+  auto& right = ViewOf(workspace, table.Kind).ColumnRight;
+  for (std::size_t i = table.Columns.size() - 1; i > 0; --i) right[i] = right[i - 1];
+  right[0] = 0.0;
+}
+
+std::int32_t BottomOfRows(const Workspace& workspace, const RecordTable& table,
+                          const Destination& destination) {
+  return RowArea(destination.Rect, LineAt(workspace, destination),
+                 ViewOf(workspace, table.Kind).VisibleRows)
+      .Bottom;
+}
+
 void PaintRecordTable(ChildWindow* window, const DeviceRecord& device, const RecordTable& table) {
   Workspace& workspace = *window->Owner;
   ViewState& view = ViewOf(workspace, table.Kind);
-  GraphicsContext& context = workspace.Graphics;
   BeginScreenDrawing(workspace, device, table.Background(workspace));
   MoveThumb(view);
   const IntRect client = toolkit::ClientRect(window);
-  toolkit::FillArea(context.Device, client, table.Background(workspace));
+  toolkit::FillArea(workspace.Graphics.Device, client, table.Background(workspace));
 
-  const TextLine line = MeasureLine(workspace);
+  const Destination destination = InWindow(workspace, client);
+  const TextLine line = LineAt(workspace, destination);
   const std::int32_t dataTop = client.Top + kHeaderLines * line.Height;
   view.VisibleRows = (client.Bottom - dataTop + line.Ascent) / line.Height;
-  MeasureColumns(workspace, table.Columns, client.Left, view.ColumnRight);
+  LayOutRecordTable(workspace, table, destination);
 
   IntRect wholeRows = client;  // a row that fits in part is not drawn
-  wholeRows.Bottom = RowArea(client, line, view.VisibleRows).Bottom;
-  const Drawing drawing = OnScreen(workspace);
-  SetClip(drawing, wholeRows);
-  DrawRecordTable(drawing, workspace, table,
-                  {.HeaderBaseline = static_cast<double>(client.Top + line.Ascent),
-                   .FirstRowBaseline = static_cast<double>(dataTop),
-                   .LineHeight = static_cast<double>(line.Height)});
-  toolkit::RemoveClip(context.Device);
-  EndScreenDrawing(workspace);
+  wholeRows.Bottom = BottomOfRows(workspace, table, destination);
+  SetClip(OnScreen(workspace), wholeRows);
+  DrawRecordTableAt(workspace, table, destination);
+  toolkit::RemoveClip(workspace.Graphics.Device);
+  EndDrawing(workspace);
 }
 
 void BeginScroll(Workspace& workspace, const RecordTable& table) {

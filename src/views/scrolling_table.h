@@ -27,9 +27,24 @@ struct TableLayout {
   double LineHeight = 0.0;
 };
 
-/// The header, and the rows from `TopRow` that the window has room for.
+/// Sets the columns side by side from the left of the destination.
+void LayOutRecordTable(Workspace& workspace, const RecordTable& table,
+                       const Destination& destination);
+
+/// The header, and the rows from `TopRow` that the window has room for: no destination shows more.
 void DrawRecordTable(const Drawing& drawing, const Workspace& workspace, const RecordTable& table,
                      const TableLayout& layout);
+/// The same with the lines of the destination.
+void DrawRecordTableAt(Workspace& workspace, const RecordTable& table,
+                       const Destination& destination);
+
+/// Moves each column to where the one before it was, and the first to the edge of the picture: the
+/// layout of a table in a metafile, where texts begin at the edge at which they are to end.
+void ShiftColumns(Workspace& workspace, const RecordTable& table);
+
+/// Where the last of the rows ends at the destination.
+std::int32_t BottomOfRows(const Workspace& workspace, const RecordTable& table,
+                          const Destination& destination);
 
 void PaintRecordTable(ChildWindow* window, const DeviceRecord& device, const RecordTable& table);
 

@@ -4,9 +4,8 @@
 
 #include "derived/stationarity.h"
 #include "output/plot_primitives.h"
-#include "shell/toolkit.h"
 #include "views/axis_drawing.h"
-#include "views/screen_drawing.h"
+#include "views/graph_window.h"
 #include "workspace/number_text.h"
 #include "workspace/report.h"
 
@@ -16,15 +15,13 @@ namespace {
 /// Numbers in exponent notation need more room beside the axis than those of other graphs.
 constexpr double kLeftGapOfStationarity = 6.8;
 
-/// The box lets paint messages through: other views draw with the same context, and this view may
-/// be laid out for another rectangle and find the memory that is missing here.
+/// The box lets paint messages through: this view may be laid out for another rectangle and find
+/// the memory that is missing here.
 void ReportNoMemory(Workspace& workspace) {
   GraphFrame& frame = ViewOf(workspace, ViewKind::Stationarity).Frame;
-  const GraphicsContext keptGraphics = workspace.Graphics;
   const GraphFrame keptFrame = frame;
   ReportFailure(workspace.Frame,
                 {TextId::InsufficientMemoryFor, "stationary plot", TextId::ReduceEntries});
-  workspace.Graphics = keptGraphics;
   frame = keptFrame;
   FreeSamples(workspace.Stationarity);
 }
@@ -121,15 +118,12 @@ void DrawCurve(const Drawing& drawing, const ViewState& view, const Stationarity
   if (!HasFailed(drawing)) StrokePath(drawing);
 }
 
-void Paint(ChildWindow* window, const DeviceRecord& device) {
-  Workspace& workspace = *window->Owner;
-  const ViewState& view = ViewOf(workspace, ViewKind::Stationarity);
-  const IntRect client = toolkit::ClientRect(window);
-  const RgbColor& background = ColorOf(view, PlotColor::Background);
-  DrawOutOfSight(workspace, device, client, background, [&](const Drawing& drawing) {
-    ComputeStationarity(workspace, client);
-    DrawStationarity(workspace, drawing.Sink, client);
-  });
+void LayOut(Workspace& workspace, const Destination& destination) {
+  ComputeStationarity(workspace, destination.Rect);
+}
+
+void Draw(Workspace& workspace, const Destination& destination) {
+  DrawStationarity(workspace, destination.Sink, destination.Rect);
 }
 
 }  // namespace
@@ -138,7 +132,7 @@ void ComputeStationarity(Workspace& workspace, const IntRect& rect) {
   StationaritySettings& plot = workspace.Stationarity;
   GraphFrame& frame = ViewOf(workspace, ViewKind::Stationarity).Frame;
   frame = FrameIn(rect, kLeftGapOfStationarity);
-  ScaleTimeAxis(plot, frame.PlotRight - frame.PlotLeft, workspace.Graphics.Device);
+  ScaleTimeAxis(plot, frame.PlotRight - frame.PlotLeft, MeasuringDevice(workspace.Graphics));
   if (!SampleStationarity(workspace)) {
     ReportNoMemory(workspace);
     return;
@@ -163,6 +157,11 @@ void DrawStationarity(Workspace& workspace, const GraphicsSink& sink, const IntR
   DrawCurve(axis.Target, view, plot);
 }
 
-const ViewRoutines kStationarityViewRoutines = {.Paint = Paint};
+const ViewRoutines kStationarityViewRoutines = {
+    .Paint = PaintGraphView<ViewKind::Stationarity>,
+    .LayOut = LayOut,
+    .Draw = Draw,
+    .MoveForMetafile = MoveLabelsOf<ViewKind::Stationarity>,
+};
 
 }  // namespace ondrel

@@ -9,9 +9,8 @@
 namespace ondrel {
 
 /// Works out the view's `Frame`, both axes and the samples for `rect`. Every drawing begins with
-/// this. Numbers are measured in the font of the context's device: a form
-/// that writes into a file is lent one. Samples for which there is no
-/// memory are told and left out.
+/// this. Numbers are measured on the device that measures for the context. Samples for which there
+/// is no memory are told and left out.
 void ComputeStationarity(Workspace& workspace, const IntRect& rect);
 
 /// Draws time axis, value axis and curve as ComputeStationarity left them for `rect`; without

@@ -33,7 +33,7 @@ std::int32_t EventsWidth(const Workspace& workspace) {
   return WidestOfRows(workspace, [&](const StatisticsRow& row) {
     char text[kCellSize] = "";
     IntegerText(row.Events, text);
-    return toolkit::TextWidth(workspace.Graphics.Device, text);
+    return MeasuredWidth(workspace, text);
   });
 }
 
@@ -91,27 +91,34 @@ void DrawStatistics(const Drawing& drawing, const Workspace& workspace, double h
   DrawTotal(drawing, workspace, baseline);
 }
 
-void PaintStatistics(ChildWindow* window, const DeviceRecord& device) {
+void LayOut(Workspace& workspace, const Destination& destination) {
+  MeasureColumns(workspace, kColumns, destination.Rect.Left,
+                 ViewOf(workspace, ViewKind::Statistics).ColumnRight);
+}
+
+/// Unlike the tables that scroll, this one has no leading anywhere.
+void Draw(Workspace& workspace, const Destination& destination) {
+  const TextLine line = MeasureLine(workspace);
+  const double top = destination.Rect.Top;
+  DrawStatistics({destination.Sink, workspace.Graphics}, workspace, top + line.Ascent,
+                 top + kHeaderLines * line.Height, line.Height);
+}
+
+void Paint(ChildWindow* window, const DeviceRecord& device) {
   Workspace& workspace = *window->Owner;
-  ViewState& view = ViewOf(workspace, ViewKind::Statistics);
-  GraphicsContext& context = workspace.Graphics;
-  const RgbColor& background = ColorOf(view, StatisticsColor::Background);
+  const RgbColor& background =
+      ColorOf(ViewOf(workspace, ViewKind::Statistics), StatisticsColor::Background);
   BeginScreenDrawing(workspace, device, background);
   const IntRect client = toolkit::ClientRect(window);
-  toolkit::FillArea(context.Device, client, background);
-
-  const TextLine line = MeasureLine(workspace);
-  MeasureColumns(workspace, kColumns, client.Left, view.ColumnRight);
-  const Drawing drawing = OnScreen(workspace);
-  SetClip(drawing, client);
-  DrawStatistics(drawing, workspace, client.Top + line.Ascent,
-                 client.Top + kHeaderLines * line.Height, line.Height);
-  toolkit::RemoveClip(context.Device);
-  EndScreenDrawing(workspace);
+  toolkit::FillArea(workspace.Graphics.Device, client, background);
+  const Destination destination = InWindow(workspace, client);
+  LayOut(workspace, destination);
+  DrawClipped(workspace, kStatisticsViewRoutines, destination);
+  EndDrawing(workspace);
 }
 
 }  // namespace
 
-const ViewRoutines kStatisticsViewRoutines = {.Paint = PaintStatistics, .Scrolled = nullptr};
+const ViewRoutines kStatisticsViewRoutines = {.Paint = Paint, .LayOut = LayOut, .Draw = Draw};
 
 }  // namespace ondrel

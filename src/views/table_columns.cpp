@@ -7,11 +7,15 @@
 
 namespace ondrel {
 
+std::int32_t MeasuredWidth(const Workspace& workspace, const char* text) {
+  return toolkit::TextWidth(MeasuringDevice(workspace.Graphics), text);
+}
+
 void MeasureColumns(const Workspace& workspace, std::span<const TableColumn> columns, double left,
                     std::array<double, kMaxColumns>& columnRight) {
   double edge = left;
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    std::int32_t width = toolkit::TextWidth(workspace.Graphics.Device, columns[i].Template);
+    std::int32_t width = MeasuredWidth(workspace, columns[i].Template);
     if (columns[i].Values != nullptr) width = std::max(width, columns[i].Values(workspace));
     edge += width;
     columnRight[i] = edge;
@@ -46,7 +50,7 @@ std::int32_t RealWidth(const Workspace& workspace, double value, int decimals, c
   char text[kCellSize + 8] = "";
   RealText(value, decimals, 'f', number);
   std::snprintf(text, sizeof text, "%s%s", number, tail);
-  return toolkit::TextWidth(workspace.Graphics.Device, text);
+  return MeasuredWidth(workspace, text);
 }
 
 }  // namespace ondrel

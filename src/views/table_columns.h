@@ -18,7 +18,10 @@ namespace ondrel {
 /// Room for the text of a cell, which is a number.
 inline constexpr std::size_t kCellSize = kNumberTextSize;
 
-/// Widest of the values that a column shows, in device units of the context's font.
+/// Width of `text` in the font of the device that measures.
+std::int32_t MeasuredWidth(const Workspace& workspace, const char* text);
+
+/// Widest of the values that a column shows, measured in the same way.
 using ValueMeasure = std::int32_t (*)(const Workspace& workspace);
 
 struct TableColumn {
@@ -45,7 +48,7 @@ void DrawCells(const Drawing& drawing, const Workspace& workspace,
                const std::array<double, kMaxColumns>& columnRight, std::int32_t row,
                double baseline);
 
-/// Width of `value` with `decimals` and then `tail`, in the context's font.
+/// Width of `value` with `decimals` and then `tail`.
 std::int32_t RealWidth(const Workspace& workspace, double value, int decimals,
                        const char* tail = "");
 

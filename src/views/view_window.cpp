@@ -59,9 +59,14 @@ void OnClose(WindowRecord* window) {
   DestroyView(workspace, kKind);
 }
 
+/// A box, or a printer that is busy, lets paint messages through while another drawing is under
+/// way. That one goes on afterwards as if nothing had been.
 template <ViewKind kKind>
 void OnPaint(WindowRecord* window, const DeviceRecord& device) {
+  GraphicsContext& context = window->Owner->Graphics;
+  const GraphicsContext underWay = context;
   FactsOf(kKind).Routines->Paint(window, device);
+  if (underWay.Device.Dc != nullptr) context = underWay;
 }
 
 /// The table to be scrolled along `axis`; null when this view does not answer.
@@ -197,6 +202,25 @@ void OpenView(FrameWindow* frame, ViewKind kind) {
   RepaintView(workspace, kind);
 }
 
+bool FindActiveView(const Workspace& workspace, ViewKind* kind) {
+  const ChildWindow* front = toolkit::ActiveChild(workspace.Frame);
+  if (front == nullptr) return false;
+  for (std::size_t i = 0; i < kViewCount; ++i) {
+    if (workspace.Views[i].Window != front) continue;
+    *kind = static_cast<ViewKind>(i);
+    return true;
+  }
+  return false;
+}
+
+void PaintViewNow(Workspace& workspace, ViewKind kind) {
+  ChildWindow* window = ViewOf(workspace, kind).Window;
+  if (window == nullptr) return;
+  DeviceRecord device = toolkit::AcquireDevice(window);
+  FactsOf(kind).Routines->Paint(window, device);
+  toolkit::ReleaseDevice(window, device);
+}
+
 void DestroyView(Workspace& workspace, ViewKind kind) {
   ViewState& view = ViewOf(workspace, kind);
   if (view.Window == nullptr) return;
@@ -217,7 +241,7 @@ void RepaintView(Workspace& workspace, ViewKind kind) {
   DeviceRecord device = toolkit::AcquireDevice(view.Window);
   BeginScreenDrawing(workspace, device, background);
   toolkit::FillArea(workspace.Graphics.Device, client, background);
-  EndScreenDrawing(workspace);
+  EndDrawing(workspace);
   toolkit::ReleaseDevice(view.Window, device);
   toolkit::Invalidate(view.Window, client);
 }

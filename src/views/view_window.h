@@ -11,6 +11,12 @@ namespace ondrel {
 /// view stays closed.
 void OpenView(FrameWindow* frame, ViewKind kind);
 
+/// The view whose window is in front. False when there is none.
+[[nodiscard]] bool FindActiveView(const Workspace& workspace, ViewKind* kind);
+
+/// Draws the window's content at once. Harmless on a closed view.
+void PaintViewNow(Workspace& workspace, ViewKind kind);
+
 /// Destroys window and table; the next window comes forward. The view's place stays remembered.
 /// Harmless on a closed view.
 void DestroyView(Workspace& workspace, ViewKind kind);

@@ -136,13 +136,26 @@ TEST_F(MenusTest, TheViewThatClosesLastLeavesTheDataMenu) {
   });
 }
 
-TEST_F(MenusTest, EntriesWithoutACommandAreGreyed) {
+TEST_F(MenusTest, TablesAreSavedWhileThereAreDataAndPicturesNeedAViewInFront) {
   Run([&] {
+    const auto expect = [&](bool saving, bool exporting) {
+      for (const int entry : {kSaveEvents, kSaveLevels}) {
+        EXPECT_EQ(IsEnabled(kFilePopup, entry), saving) << entry;
+      }
+      for (const int entry : {kExportGraph, kExportText, kPrint}) {
+        EXPECT_EQ(IsEnabled(kFilePopup, entry), exporting) << entry;
+      }
+    };
+    expect(false, false);
     OpenFile(file_.Path());
-    Choose(command::kLevelView);
-    for (const int entry : {kSaveEvents, kSaveLevels, kExportGraph, kExportText, kPrint}) {
-      EXPECT_FALSE(IsEnabled(kFilePopup, entry)) << entry;
+    expect(true, true);
+    for (const ViewKind kind : {ViewKind::Level, ViewKind::Event}) {
+      ChildWindow* window = ViewOf(workspace(), kind).Window;
+      window->Callbacks->Close(window);
     }
+    expect(true, false);
+    Choose(command::kClose);
+    expect(false, false);
   });
 }
 

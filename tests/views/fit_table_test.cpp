@@ -33,7 +33,7 @@ class FitTableTest : public ViewTest {
   }
 
   ~FitTableTest() override {
-    EndScreenDrawing(workspace());
+    EndDrawing(workspace());
     toolkit::ReleaseDevice(nullptr, device_);
   }
 

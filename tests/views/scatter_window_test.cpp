@@ -34,6 +34,7 @@ class ScatterWindowTest : public ScatterViewTest {
   /// The context has a device of its own in this fixture, which comes back afterwards.
   std::vector<std::string> PaintWindow(ViewKind kind) {
     const DeviceRecord kept = workspace().Graphics.Device;
+    workspace().Graphics.Device = {};  // no drawing is under way
     const std::vector<std::string> drawing = Paint(kind);
     lastDevice_ = workspace().Graphics.Device;
     workspace().Graphics.Device = kept;

@@ -23,7 +23,14 @@ class ScreenDrawingTest : public ViewTest {
   void Begin(const RgbColor& background = kWhite) {
     BeginScreenDrawing(workspace(), device_, background);
   }
-  void End() { EndScreenDrawing(workspace()); }
+  void End() { EndDrawing(workspace()); }
+
+  /// Another device in place of the one that the test began with.
+  void UseDpi(double dpi) {
+    toolkit::ReleaseDevice(nullptr, device_);
+    shell().DeviceDpi = dpi;
+    device_ = toolkit::AcquireDevice(nullptr);
+  }
 
   std::string PenWidthFor(double points) {
     workspace().PenSize = points;
@@ -83,7 +90,7 @@ TEST_F(ScreenDrawingTest, AZeroPenStaysZero) {
 }
 
 TEST_F(ScreenDrawingTest, APenOfAWholeNumberOfPixelsIsNotMadeWiderByRounding) {
-  shell().DeviceDpi = 120;
+  UseDpi(120);
   EXPECT_EQ(PenWidthFor(4.2), "pen width 7");  // 4.2 * 120 = 504 = 7 * 72
 }
 
@@ -95,13 +102,13 @@ TEST_F(ScreenDrawingTest, TheFontHeightIsTruncated) {
 }
 
 TEST_F(ScreenDrawingTest, AFontOfAWholeNumberOfPixelsLosesNoneByRounding) {
-  shell().DeviceDpi = 110;
+  UseDpi(110);
   EXPECT_EQ(FontHeightFor(324), 495);  // 324 * 110 = 495 * 72
 }
 
 TEST_F(ScreenDrawingTest, SizesFollowTheDotsPerInchOfTheDeviceNotOfTheWorkspace) {
   workspace().ScreenDpi = 300.0;
-  shell().DeviceDpi = 144;
+  UseDpi(144);
   EXPECT_EQ(PenWidthFor(0.75), "pen width 2");  // 1.5
   EXPECT_EQ(FontHeightFor(10), 20);
 }
