@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <random>
+#include <system_error>
 
 #include "shell/toolkit.h"
 #include "workspace/number_text.h"
@@ -135,9 +136,15 @@ BenchData::BenchData() {
   Tables->Events.Capacity = kEventCount + 1;  // the last row of a version 5 table stays free
   Tables->Levels.Capacity = kEventCount + kSweepCount + 1;
   if (!AllocateAllTables(&Frame)) std::abort();
+  const std::filesystem::path folder = std::filesystem::temp_directory_path();
+  ProductFile = folder / "ondrel_bench_product.evt";
+  BaselineFile = folder / "ondrel_bench_baseline.evt";
 }
 
 BenchData::~BenchData() {
+  std::error_code ignored;
+  std::filesystem::remove(ProductFile, ignored);
+  std::filesystem::remove(BaselineFile, ignored);
   toolkit::FreeMemory(Block);
   FreeAllTables(*Tables);
 }

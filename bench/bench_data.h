@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,6 +30,8 @@ struct BenchData {
   double BaselineSum = 0.0;             // of its evaluations of an objective
   const std::string* Loaded = nullptr;  // the text whose events are in the tables
   char* Block = nullptr;                // a copy of the text for the reader to take apart and free
+  std::filesystem::path ProductFile;    // what either side writes; both go with the data
+  std::filesystem::path BaselineFile;
   std::unique_ptr<Workspace> Tables = std::make_unique<Workspace>();
   FrameWindow Frame;
 };

@@ -12,6 +12,7 @@
 #include "plot_cases.h"
 #include "read_cases.h"
 #include "scatter_cases.h"
+#include "write_cases.h"
 
 namespace ondrel::bench {
 namespace {
@@ -67,6 +68,7 @@ int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   ondrel::bench::RegisterAll(ondrel::bench::ReadCases());
+  ondrel::bench::RegisterAll(ondrel::bench::WriteCases());
   ondrel::bench::RegisterAll(ondrel::bench::DeriveCases());
   ondrel::bench::RegisterAll(ondrel::bench::PlotCases());
   ondrel::bench::RegisterAll(ondrel::bench::ScatterCases());

@@ -13,6 +13,7 @@
 #include "plot_cases.h"
 #include "read_cases.h"
 #include "scatter_cases.h"
+#include "write_cases.h"
 
 namespace ondrel::bench {
 namespace {
@@ -69,7 +70,8 @@ int main(int argc, char** argv) {
   const char* part = argc > 1 ? argv[1] : "";
   const auto data = std::make_unique<BenchData>();
   bool right = true;
-  for (const auto cases : {ReadCases(), DeriveCases(), PlotCases(), ScatterCases(), FitCases()}) {
+  for (const auto cases :
+       {ReadCases(), WriteCases(), DeriveCases(), PlotCases(), ScatterCases(), FitCases()}) {
     right = RunAll(*data, cases, part) && right;
   }
   return right ? 0 : 1;
