@@ -34,15 +34,19 @@ void ExportLevels(BenchData& data) {
 
 // --- The baseline --------------------------------------------------------------------------------
 
-// Exponents have two digits in all builds: MinGW's own fprintf takes the place of the old
-// runtime's.
+// One call for each field. Exponents have two digits in all builds: MinGW's own fprintf takes the
+// place of the old runtime's.
 
 void PrintSweeps(std::FILE* file, const SweepTable& sweeps) {
   std::fprintf(file, "Sweeps\r\n");
   for (std::int32_t i = 0; i < sweeps.Count; ++i) {
     const SweepRecord& sweep = *sweeps.Index[i];
-    std::fprintf(file, "%d\t%.6f\t%.6f\t%.6f\t%.6E\t%.6E\r\n", i + 1, sweep.Duration,
-                 sweep.RelevantStart, sweep.RelevantEnd, sweep.RelevantValue, sweep.TagValue);
+    std::fprintf(file, "%d\t", i + 1);
+    std::fprintf(file, "%.6f\t", sweep.Duration);
+    std::fprintf(file, "%.6f\t", sweep.RelevantStart);
+    std::fprintf(file, "%.6f\t", sweep.RelevantEnd);
+    std::fprintf(file, "%.6E\t", sweep.RelevantValue);
+    std::fprintf(file, "%.6E\r\n", sweep.TagValue);
   }
 }
 
@@ -50,9 +54,11 @@ void PrintSegments(std::FILE* file, const SweepTable& sweeps) {
   std::fprintf(file, "Segments\r\n");
   for (std::int32_t i = 0; i < sweeps.Count; ++i) {
     const SweepRecord& sweep = *sweeps.Index[i];
-    std::fprintf(file, "%d\t%d\t", i + 1, sweep.SegmentCount);
+    std::fprintf(file, "%d\t", i + 1);
+    std::fprintf(file, "%d\t", sweep.SegmentCount);
     for (std::int32_t s = 0; s < sweep.SegmentCount; ++s) {
-      std::fprintf(file, "%.6f\t%.6f\t", sweep.Segments[s].Start, sweep.Segments[s].End);
+      std::fprintf(file, "%.6f\t", sweep.Segments[s].Start);
+      std::fprintf(file, "%.6f\t", sweep.Segments[s].End);
     }
     std::fprintf(file, "\r\n");
   }
@@ -74,9 +80,12 @@ void PrintEventTable(BenchData& data) {
   std::fprintf(file, "Events\r\n");
   for (std::int32_t i = 0; i < events.Count; ++i) {
     const EventRecord& event = *events.Index[i];
-    std::fprintf(file, "%d\t%.6f\t%.7E\t%.7E\t%d\t%.6E\r\n", static_cast<int>(event.Sweep),
-                 event.Transition, event.PreAmplitude, event.PostAmplitude, event.Level,
-                 event.TagValue);
+    std::fprintf(file, "%d\t", static_cast<int>(event.Sweep));
+    std::fprintf(file, "%.6f\t", event.Transition);
+    std::fprintf(file, "%.7E\t", event.PreAmplitude);
+    std::fprintf(file, "%.7E\t", event.PostAmplitude);
+    std::fprintf(file, "%d\t", event.Level);
+    std::fprintf(file, "%.6E\r\n", event.TagValue);
   }
   if (std::fclose(file) != 0) std::abort();
 }
@@ -86,10 +95,14 @@ void PrintLevels(BenchData& data) {
   std::FILE* const file = OpenBaseline(data);
   for (std::int32_t i = 0; i < levels.Count; ++i) {
     const LevelRecord& level = *levels.Index[i];
-    std::fprintf(file, "%d\t%.6f\t%.6f\t%.7E\t%.7E\t%.7E\t%d\t%.7E\r\n",
-                 static_cast<int>(level.Sweep), level.Transition, level.Duration,
-                 level.PreAmplitude, level.PostAmplitude, level.Amplitude, level.Level,
-                 level.TagValue);
+    std::fprintf(file, "%d\t", static_cast<int>(level.Sweep));
+    std::fprintf(file, "%.6f\t", level.Transition);
+    std::fprintf(file, "%.6f\t", level.Duration);
+    std::fprintf(file, "%.7E\t", level.PreAmplitude);
+    std::fprintf(file, "%.7E\t", level.PostAmplitude);
+    std::fprintf(file, "%.7E\t", level.Amplitude);
+    std::fprintf(file, "%d\t", level.Level);
+    std::fprintf(file, "%.7E\r\n", level.TagValue);
   }
   if (std::fclose(file) != 0) std::abort();
 }
