@@ -124,9 +124,18 @@ std::string BareListText(const std::vector<SimulatedEvent>& events) {
   return text;
 }
 
+/// Two runs at a time must not write the same files.
+std::filesystem::path MakeFolder() {
+  const std::string name = "ondrel_bench_" + std::to_string(std::random_device{}());
+  const std::filesystem::path folder = std::filesystem::temp_directory_path() / name;
+  std::error_code failure;
+  if (!std::filesystem::create_directory(folder, failure)) std::abort();
+  return folder;
+}
+
 }  // namespace
 
-BenchData::BenchData() {
+BenchData::BenchData() : Folder(MakeFolder()) {
   const std::vector<SimulatedEvent> events = Simulation().Run();
   Version5 = Version5Text(events);
   BareList = BareListText(events);
@@ -136,15 +145,13 @@ BenchData::BenchData() {
   Tables->Events.Capacity = kEventCount + 1;  // the last row of a version 5 table stays free
   Tables->Levels.Capacity = kEventCount + kSweepCount + 1;
   if (!AllocateAllTables(&Frame)) std::abort();
-  const std::filesystem::path folder = std::filesystem::temp_directory_path();
-  ProductFile = folder / "ondrel_bench_product.evt";
-  BaselineFile = folder / "ondrel_bench_baseline.evt";
+  ProductFile = Folder / "product";
+  BaselineFile = Folder / "baseline";
 }
 
 BenchData::~BenchData() {
   std::error_code ignored;
-  std::filesystem::remove(ProductFile, ignored);
-  std::filesystem::remove(BaselineFile, ignored);
+  std::filesystem::remove_all(Folder, ignored);
   toolkit::FreeMemory(Block);
   FreeAllTables(*Tables);
 }

@@ -30,7 +30,8 @@ struct BenchData {
   double BaselineSum = 0.0;             // of its evaluations of an objective
   const std::string* Loaded = nullptr;  // the text whose events are in the tables
   char* Block = nullptr;                // a copy of the text for the reader to take apart and free
-  std::filesystem::path ProductFile;    // what either side writes; both go with the data
+  std::filesystem::path Folder;         // for what is written; goes with the data
+  std::filesystem::path ProductFile;
   std::filesystem::path BaselineFile;
   std::unique_ptr<Workspace> Tables = std::make_unique<Workspace>();
   FrameWindow Frame;
@@ -40,6 +41,7 @@ struct BenchData {
 struct BenchCase {
   const char* Name;
   std::size_t (*Bytes)(const BenchData& data);  // that either goes through; null: not counted
+  void (*Load)(BenchData& data) = nullptr;      // once, before the first turn, not timed
   void (*Prepare)(BenchData& data);             // before each product run, not timed
   void (*Baseline)(BenchData& data);
   void (*Product)(BenchData& data);

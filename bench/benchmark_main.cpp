@@ -37,6 +37,7 @@ void RunCase(benchmark::State& state, const BenchCase& benchCase) {
   BenchData& data = SharedData();
   std::vector<double> baseline;
   std::vector<double> product;
+  if (benchCase.Load != nullptr) benchCase.Load(data);
   for ([[maybe_unused]] auto iteration : state) {
     baseline.push_back(Seconds(benchCase.Baseline, data));
     benchCase.Prepare(data);

@@ -78,7 +78,7 @@ void PaintPlot(Workspace& workspace, const Canvas& canvas) {
   toolkit::FillArea(workspace.Graphics.Device, kPlotRect, kWhite);
   LayoutScatter(workspace, kPlotRect, toolkit::DeviceDpi(workspace.Graphics.Device));
   DrawScatter(workspace, kScreenSink, kPlotRect);
-  EndScreenDrawing(workspace);
+  EndDrawing(workspace);
   canvas.Show();
 }
 

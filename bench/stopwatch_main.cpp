@@ -36,6 +36,7 @@ double Median(Times& times) {
 bool RunCase(BenchData& data, const BenchCase& benchCase) {
   Times baseline;
   Times product;
+  if (benchCase.Load != nullptr) benchCase.Load(data);
   for (std::size_t turn = 0; turn < kTurns; ++turn) {
     baseline[turn] = Seconds(benchCase.Baseline, data);
     benchCase.Prepare(data);

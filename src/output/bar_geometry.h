@@ -25,8 +25,8 @@ struct BarRecord {
   double Top = 0.0;
 };
 
-/// Top of a bar for a bin of this `value`. What would be higher than the plot is cut off at its
-/// top.
+/// Top of a bar for a bin of this `value`. What would be higher than the plot, or is no number, is
+/// cut off at its top.
 inline double TopOfBar(const GraphicsContext& context, const BarPlot& plot, double value) {
   const double height = context.BinFitHeight != 0 ? (plot.Base - plot.Top) * value / context.BinPeak
                                                   : value * context.BinScale;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "workspace/number_text.h"
 #include "workspace/output_file.h"
@@ -16,6 +17,12 @@ constexpr int kInkDigits = 3;
 constexpr double kFullChannel = 65535.0;
 
 using NumberText = std::array<char, kNumberTextSize>;
+
+/// A place that is no number, such as that of a curve over no counts, would end the work of whoever
+/// reads the document.
+double OnPage(double place) {
+  return std::isfinite(place) ? place : 0.0;
+}
 
 }  // namespace
 
@@ -42,9 +49,9 @@ void PutLine(GraphicsContext& context, std::string_view text) {
 }
 
 void PutPoint(GraphicsContext& context, double x, double y, std::string_view suffix) {
-  PutReal(context, x, kCoordinateDigits);
+  PutReal(context, OnPage(x), kCoordinateDigits);
   PutText(context, " ");
-  PutReal(context, y, kCoordinateDigits);
+  PutReal(context, OnPage(y), kCoordinateDigits);
   PutLine(context, suffix);
 }
 

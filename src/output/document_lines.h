@@ -19,8 +19,8 @@ void PutReal(GraphicsContext& context, double value, int digits);
 /// Writes `text` and a line end.
 void PutLine(GraphicsContext& context, std::string_view text);
 
-/// A line of a coordinate pair in units of the page. `suffix` is the operator of the path, with its
-/// leading blank; empty where the pair stands alone.
+/// A line of a coordinate pair in units of the page; what is no finite number is 0. `suffix` is the
+/// operator of the path, with its leading blank; empty where the pair stands alone.
 void PutPoint(GraphicsContext& context, double x, double y, std::string_view suffix);
 
 /// A line of the context's pen width.

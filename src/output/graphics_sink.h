@@ -32,8 +32,8 @@ struct GraphicsContext {
   OutputFile* File = nullptr;         // the open output file of the file forms; borrowed
   char FileName[kPathSize] = "";      // of a metafile export; empty: it stays in memory
   char FontName[32] = "Helvetica";    // PostScript name, for the file forms
-  std::int32_t DocumentFontSize = 0;  // points, file forms
-  double PenWidth = 0.0;              // points, file forms
+  std::int32_t DocumentFontSize = 0;  // file forms, in units of their pages
+  double PenWidth = 0.0;              // file forms, in units of their pages
   double PointScale = 1.0;            // device units per point of the EPS form
   std::int32_t Status = 0;        // 0, or the error of the last failed write; a drawing then stops
   double PageHeight = 0.0;        // in the units of the file form

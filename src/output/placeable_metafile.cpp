@@ -6,6 +6,7 @@
 #include "workspace/output_file.h"
 #include "workspace/report.h"
 #include "workspace/truncate.h"
+#include "workspace/writing_reports.h"
 
 namespace ondrel {
 namespace {
@@ -47,6 +48,7 @@ std::string_view BytesOf(const void* bytes, std::size_t size) {
 
 WriteResult WritePicture(OutputFile& file, toolkit::MetafileHandle picture) {
   const std::size_t size = toolkit::MetafileSize(picture);
+  if (size == 0) return WriteResult::Failed;
   void* bits = toolkit::AllocateZeroed(size, 1);
   if (bits == nullptr) return WriteResult::NoMemory;
   const bool copied = toolkit::CopyMetafile(picture, bits, size);
@@ -88,7 +90,7 @@ bool WriteMetafile(FrameWindow* frame, MetafileRecord& record) {
   const bool deleted = toolkit::DeleteMetafile(record.Picture) == 0;
   record.Picture = {};
   if (result == WriteResult::Done && !deleted) result = WriteResult::Failed;
-  if (result == WriteResult::Failed) ReportFailure(frame, {TextId::ErrorWhileWriting});
+  if (result == WriteResult::Failed) ReportWritingFailed(frame);
   if (result == WriteResult::NoMemory) ReportFailure(frame, {"Out of memory."});
   return result == WriteResult::Done;
 }

@@ -1,31 +1,102 @@
 #include "output/text_export.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 
 #include "output/text_rows.h"
-#include "shell/toolkit.h"
 #include "workspace/number_text.h"
 #include "workspace/output_file.h"
-#include "workspace/report.h"
+#include "workspace/writing_reports.h"
 
 namespace ondrel {
 namespace {
 
+// --- The twelve views ----------------------------------------------------------------------------
+
+constexpr char kUntitled[] = "Untitled";
+constexpr char kEvents[] = "Events";  // for the list of levels too
+
+// "Probobility" keeps its spelling: procedures that users have written know the wave by this name.
+constexpr TextExportRecord kTextExports[] = {
+    {.Kind = ViewKind::Event,
+     .Title = "Export event list as:",
+     .SpreadsheetName = kUntitled,
+     .IgorName = kEvents,
+     .Waves = "WAVES /D Sweep, Transition, PreAmplitude, PostAmplitude, Level, TagValue",
+     .TellsFailedRows = true},
+    {.Kind = ViewKind::Level,
+     .Title = "Export level list as:",
+     .SpreadsheetName = kUntitled,
+     .IgorName = kEvents,
+     .Waves = "WAVES /D Sweep, Transition, Duration, PreAmplitude, PostAmplitude, Amplitude, "
+              "Level, TagValue"},
+    {.Kind = ViewKind::Sweep,
+     .Title = "Export sweeps as:",
+     .SpreadsheetName = kUntitled,
+     .IgorName = kUntitled,
+     .Waves = "WAVES /D Index, File, Sweep, StartTime, Duration, RelevantStart, RelevantEnd, "
+              "RelevantValue, TagValue"},
+    {.Kind = ViewKind::Statistics,
+     .Title = "Export statistics as:",
+     .SpreadsheetName = kUntitled,
+     .IgorName = kUntitled,
+     .Waves = "WAVES /D Level, Events, Probobility, DurationMean, DurationStd, DurationMin, "
+              "DurationMax, AmplitudeMean, AmplitudeStd, AmplitudeMin, AmplitudeMax"},
+    {.Kind = ViewKind::AmplitudeFit,
+     .Title = "Export parameters as:",
+     .SpreadsheetName = kUntitled,
+     .IgorName = kUntitled,
+     .Waves = "WAVES /D Weight, Current, StdDev"},
+    {.Kind = ViewKind::DurationFit,
+     .Title = "Export parameters as:",
+     .SpreadsheetName = kUntitled,
+     .IgorName = kUntitled,
+     .Waves = "WAVES /D Weight, TimeConstant"},
+    {.Kind = ViewKind::Amplitude,
+     .Title = "Export amplitude histogram as:",
+     .SpreadsheetName = kUntitled,
+     .IgorName = kUntitled,
+     .Waves = "WAVES /D Current, Count"},
+    {.Kind = ViewKind::Duration,
+     .Title = "Export duration histogram as:",
+     .SpreadsheetName = kUntitled,
+     .IgorName = kUntitled,
+     .Waves = "WAVES /D Duration, Count"},
+    {.Kind = ViewKind::AmplitudeScatter,
+     .Title = "Export amplitude scatter as:",
+     .SpreadsheetName = kUntitled,
+     .IgorName = kUntitled,
+     .Waves = "WAVES /D X, Current"},
+    {.Kind = ViewKind::DurationScatter,
+     .Title = "Export duration scatter as:",
+     .SpreadsheetName = kUntitled,
+     .IgorName = kUntitled,
+     .Waves = "WAVES /D X, Duration"},
+    {.Kind = ViewKind::Scatter,
+     .Title = "Export scatter plot as:",
+     .SpreadsheetName = kUntitled,
+     .IgorName = kUntitled,
+     .Waves = "WAVES /D Duration, Current"},
+    {.Kind = ViewKind::Stationarity,
+     .Title = "Export stationarity as:",
+     .SpreadsheetName = kUntitled,
+     .IgorName = kUntitled,
+     .Waves = "WAVES /D Duration, Probability"},
+};
+
+constexpr bool StandInOrder() {
+  for (std::size_t i = 0; i < kViewCount; ++i) {
+    if (kTextExports[i].Kind != static_cast<ViewKind>(i)) return false;
+  }
+  return std::size(kTextExports) == kViewCount;
+}
+static_assert(StandInOrder());
+
+// --- What a file holds ---------------------------------------------------------------------------
+
 bool IsForIgor(TextExportChoice form) {
   return form != TextExportChoice::Excel;
-}
-
-void TellFailure(FrameWindow* frame) {
-  ReportFailure(frame, {TextId::ErrorWhileWriting});
-}
-
-/// Makes the file anew and opens it. Returns 0 or the failure.
-std::int32_t OpenNewFile(const char* path, OutputFile& file) {
-  std::int32_t code = toolkit::CreateEmptyFile(path);
-  if (code != 0) return code;
-  code = OpenOutputFile(path, file);
-  if (code != 0) toolkit::RemoveFile(path);
-  return code;
 }
 
 void WriteWaveNames(const Workspace& workspace, const TextExportRecord& text, OutputFile& file) {
@@ -55,9 +126,9 @@ std::int32_t WriteHead(const Workspace& workspace, const TextExportRecord& text,
 /// Of the twelve views the event list alone tells at once that a row failed. The export tells it
 /// again, as it tells every failure: the user of that list sees the message twice.
 std::int32_t WriteBody(FrameWindow* frame, const TextExportRecord& text, OutputFile& file) {
-  text.WriteRows(*frame->Owner, file);
+  WriteTextRows(*frame->Owner, text.Kind, file);
   const std::int32_t code = FlushOutputFile(file);
-  if (code != 0 && text.TellsFailedRows) TellFailure(frame);
+  if (code != 0 && text.TellsFailedRows) ReportWritingFailed(frame);
   return code;
 }
 
@@ -71,6 +142,10 @@ void WriteContent(FrameWindow* frame, const TextExportRecord& text, OutputFile& 
 
 }  // namespace
 
+const TextExportRecord& TextExportOf(ViewKind kind) {
+  return kTextExports[static_cast<std::size_t>(kind)];
+}
+
 const char* OfferedTextName(ViewKind kind, TextExportChoice form) {
   const TextExportRecord& text = TextExportOf(kind);
   return IsForIgor(form) ? text.IgorName : text.SpreadsheetName;
@@ -78,12 +153,12 @@ const char* OfferedTextName(ViewKind kind, TextExportChoice form) {
 
 void ExportText(FrameWindow* frame, ViewKind kind, const char* path) {
   OutputFile file;
-  if (OpenNewFile(path, file) != 0) {
-    TellFailure(frame);
+  if (CreateOutputFile(path, file) != 0) {
+    ReportWritingFailed(frame);
     return;
   }
   WriteContent(frame, TextExportOf(kind), file);
-  if (CloseOutputFile(file) != 0) TellFailure(frame);
+  if (CloseOutputFile(file) != 0) ReportWritingFailed(frame);
 }
 
 }  // namespace ondrel

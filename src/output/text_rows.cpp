@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
+#include <cstdint>
 
 #include "derived/scatter_points.h"
 #include "derived/stationarity.h"
@@ -19,7 +19,9 @@ namespace {
 
 // --- Columns -------------------------------------------------------------------------------------
 
-/// Appends the field of one record, which stands in `row` of its table.
+constexpr std::int32_t kNoRow = -1;  // of what stands in no table
+
+/// Appends the field of one record, which stands in `row` of its table or is kNoRow.
 template <typename Record>
 using TextColumn = void (*)(RowText& text, const Record& record, std::int32_t row);
 
@@ -28,24 +30,24 @@ void Integer(RowText& text, const Record& record, std::int32_t) {
   AppendInteger(text, static_cast<std::int32_t>(record.*kMember));
 }
 
-template <auto kMember, int kDecimals, typename Record>
+template <auto kMember, int kDigits, typename Record>
 void Fixed(RowText& text, const Record& record, std::int32_t) {
-  AppendReal(text, record.*kMember, kDecimals, 'f');
+  AppendReal(text, record.*kMember, kDigits, 'f');
 }
 
-template <auto kMember, int kDecimals, typename Record>
+template <auto kMember, int kDigits, typename Record>
 void Scientific(RowText& text, const Record& record, std::int32_t) {
-  AppendReal(text, record.*kMember, kDecimals, 'E');
+  AppendReal(text, record.*kMember, kDigits, 'E');
 }
 
-constexpr int kDecimals = 7;  // of the scientific notation nearly everywhere
+constexpr int kScientificDecimals = 7;  // nearly everywhere
 constexpr int kTimeDecimals = 6;
 constexpr int kWeightDecimals = 3;
 
 /// Of a member in pA.
 template <auto kMember, typename Record>
 void Amperes(RowText& text, const Record& record, std::int32_t) {
-  AppendReal(text, record.*kMember * kPicoampere, kDecimals, 'E');
+  AppendReal(text, record.*kMember * kPicoampere, kScientificDecimals, 'E');
 }
 
 void RowNumber(RowText& text, const SweepRecord&, std::int32_t row) {
@@ -61,8 +63,8 @@ struct StationaritySample {
 constexpr TextColumn<EventRecord> kEventColumns[] = {
     Integer<&EventRecord::Sweep>,
     Fixed<&EventRecord::Transition, kTimeDecimals>,
-    Scientific<&EventRecord::PreAmplitude, kDecimals>,
-    Scientific<&EventRecord::PostAmplitude, kDecimals>,
+    Scientific<&EventRecord::PreAmplitude, kScientificDecimals>,
+    Scientific<&EventRecord::PostAmplitude, kScientificDecimals>,
     Integer<&EventRecord::Level>,
     Scientific<&EventRecord::TagValue, 6>,
 };
@@ -70,11 +72,11 @@ constexpr TextColumn<LevelRecord> kLevelColumns[] = {
     Integer<&LevelRecord::Sweep>,
     Fixed<&LevelRecord::Transition, kTimeDecimals>,
     Fixed<&LevelRecord::Duration, kTimeDecimals>,
-    Scientific<&LevelRecord::PreAmplitude, kDecimals>,
-    Scientific<&LevelRecord::PostAmplitude, kDecimals>,
-    Scientific<&LevelRecord::Amplitude, kDecimals>,
+    Scientific<&LevelRecord::PreAmplitude, kScientificDecimals>,
+    Scientific<&LevelRecord::PostAmplitude, kScientificDecimals>,
+    Scientific<&LevelRecord::Amplitude, kScientificDecimals>,
     Integer<&LevelRecord::Level>,
-    Scientific<&LevelRecord::TagValue, kDecimals>,
+    Scientific<&LevelRecord::TagValue, kScientificDecimals>,
 };
 constexpr TextColumn<SweepRecord> kSweepColumns[] = {
     RowNumber,
@@ -82,8 +84,8 @@ constexpr TextColumn<SweepRecord> kSweepColumns[] = {
     Integer<&SweepRecord::Index>,
     Fixed<&SweepRecord::StartTime, kTimeDecimals>,
     Fixed<&SweepRecord::Duration, kTimeDecimals>,
-    Scientific<&SweepRecord::RelevantStart, kDecimals>,
-    Scientific<&SweepRecord::RelevantEnd, kDecimals>,
+    Scientific<&SweepRecord::RelevantStart, kScientificDecimals>,
+    Scientific<&SweepRecord::RelevantEnd, kScientificDecimals>,
     Fixed<&SweepRecord::RelevantValue, 6>,
     Fixed<&SweepRecord::TagValue, 6>,
 };
@@ -95,10 +97,10 @@ constexpr TextColumn<StatisticsRow> kStatisticsColumns[] = {
     Fixed<&StatisticsRow::DurationStd, kTimeDecimals>,
     Fixed<&StatisticsRow::DurationMin, kTimeDecimals>,
     Fixed<&StatisticsRow::DurationMax, kTimeDecimals>,
-    Scientific<&StatisticsRow::AmplitudeMean, kDecimals>,
-    Scientific<&StatisticsRow::AmplitudeStd, kDecimals>,
-    Scientific<&StatisticsRow::AmplitudeMin, kDecimals>,
-    Scientific<&StatisticsRow::AmplitudeMax, kDecimals>,
+    Scientific<&StatisticsRow::AmplitudeMean, kScientificDecimals>,
+    Scientific<&StatisticsRow::AmplitudeStd, kScientificDecimals>,
+    Scientific<&StatisticsRow::AmplitudeMin, kScientificDecimals>,
+    Scientific<&StatisticsRow::AmplitudeMax, kScientificDecimals>,
 };
 constexpr TextColumn<AmplitudeTerm> kAmplitudeFitColumns[] = {
     Fixed<&AmplitudeTerm::Weight, kWeightDecimals>,
@@ -110,16 +112,16 @@ constexpr TextColumn<DurationTerm> kDurationFitColumns[] = {
     Fixed<&DurationTerm::TimeConstant, kTimeDecimals>,
 };
 constexpr TextColumn<ScatterPoint> kAmplitudeScatterColumns[] = {
-    Scientific<&ScatterPoint::Horizontal, kDecimals>,
-    Scientific<&ScatterPoint::Vertical, kDecimals>,
+    Scientific<&ScatterPoint::Horizontal, kScientificDecimals>,
+    Scientific<&ScatterPoint::Vertical, kScientificDecimals>,
 };
 constexpr TextColumn<ScatterPoint> kDurationScatterColumns[] = {
-    Scientific<&ScatterPoint::Horizontal, kDecimals>,
+    Scientific<&ScatterPoint::Horizontal, kScientificDecimals>,
     Fixed<&ScatterPoint::Vertical, kTimeDecimals>,
 };
 constexpr TextColumn<ScatterPoint> kScatterColumns[] = {
     Fixed<&ScatterPoint::Horizontal, kTimeDecimals>,
-    Scientific<&ScatterPoint::Vertical, kDecimals>,
+    Scientific<&ScatterPoint::Vertical, kScientificDecimals>,
 };
 constexpr TextColumn<StationaritySample> kStationarityColumns[] = {
     Scientific<&StationaritySample::Time, 2>,
@@ -128,19 +130,18 @@ constexpr TextColumn<StationaritySample> kStationarityColumns[] = {
 
 // --- Rows ----------------------------------------------------------------------------------------
 
-/// Writes a row for each record that `forEach` hands over, with its row in the table, to a function
-/// that returns false when there is to be no more of them. Returns 0 or the failure.
+/// Writes a row for each record that `forEach` hands over, with its row in the table or kNoRow, to
+/// a function that returns false when there is to be no more of them.
 template <typename Record, std::size_t kColumns, typename ForEach>
-std::int32_t WriteRecords(OutputFile& file, const TextColumn<Record> (&columns)[kColumns],
-                          ForEach forEach) {
+void WriteRecords(OutputFile& file, const TextColumn<Record> (&columns)[kColumns],
+                  ForEach forEach) {
   static_assert(kColumns <= kMostRowFields);
   RowText text;
-  forEach([&](const Record& record, std::int32_t row = 0) {
+  forEach([&](const Record& record, std::int32_t row) {
     text.Length = 0;
     for (const TextColumn<Record> column : columns) column(text, record, row);
     return WriteLine(file, TextOf(text)) == 0;
   });
-  return file.Status;
 }
 
 /// Rows of a table, from `First` up to but not including `End`; all of them exist.
@@ -159,9 +160,9 @@ RowRange RowsToWrite(const Workspace& workspace, ViewKind kind, std::int32_t cou
 }
 
 template <ViewKind kKind, auto kTable, const auto& kColumns>
-std::int32_t WriteTable(const Workspace& workspace, OutputFile& file) {
+void WriteTable(const Workspace& workspace, OutputFile& file) {
   const auto& table = workspace.*kTable;
-  return WriteRecords(file, kColumns, [&](auto write) {
+  WriteRecords(file, kColumns, [&](auto write) {
     const RowRange rows = RowsToWrite(workspace, kKind, table.Count);
     for (std::int32_t row = rows.First; row < rows.End; ++row) {
       if (!write(*table.Index[row], row)) return;
@@ -171,52 +172,57 @@ std::int32_t WriteTable(const Workspace& workspace, OutputFile& file) {
 
 /// Without a selected level these are the rows of the last run that had one. Rows of no level,
 /// which the view skips, are written too.
-std::int32_t WriteStatistics(const Workspace& workspace, OutputFile& file) {
+void WriteStatistics(const Workspace& workspace, OutputFile& file) {
   const StatisticsTable& statistics = workspace.Statistics;
-  return WriteRecords(file, kStatisticsColumns, [&](auto write) {
+  WriteRecords(file, kStatisticsColumns, [&](auto write) {
     for (std::int32_t i = 0; i < statistics.RowCount; ++i) {
-      if (!write(statistics.Rows[i])) return;
+      if (!write(statistics.Rows[i], i)) return;
     }
   });
 }
 
 template <auto kHistogram, const auto& kColumns>
-std::int32_t WriteTerms(const Workspace& workspace, OutputFile& file) {
+void WriteTerms(const Workspace& workspace, OutputFile& file) {
   const auto& histogram = workspace.*kHistogram;
-  return WriteRecords(file, kColumns, [&](auto write) {
+  WriteRecords(file, kColumns, [&](auto write) {
     for (std::size_t i = 0; i < CountTerms(histogram); ++i) {
-      if (!write(histogram.Terms[i])) return;
+      if (!write(histogram.Terms[i], static_cast<std::int32_t>(i))) return;
     }
   });
 }
 
-// The dots that the view's last picture shows.
+// The dots that the view's last picture shows. There is no table of them.
 
-std::int32_t WriteAmplitudeScatter(const Workspace& workspace, OutputFile& file) {
-  return WriteRecords(file, kAmplitudeScatterColumns,
-                      [&](auto write) { ForEachAmplitudeScatterPoint(workspace, write); });
+template <typename Write>
+auto WithoutRow(Write write) {
+  return [=](const ScatterPoint& point) { return write(point, kNoRow); };
 }
 
-std::int32_t WriteDurationScatter(const Workspace& workspace, OutputFile& file) {
-  return WriteRecords(file, kDurationScatterColumns,
-                      [&](auto write) { ForEachDurationScatterPoint(workspace, write); });
+void WriteAmplitudeScatter(const Workspace& workspace, OutputFile& file) {
+  WriteRecords(file, kAmplitudeScatterColumns,
+               [&](auto write) { ForEachAmplitudeScatterPoint(workspace, WithoutRow(write)); });
 }
 
-std::int32_t WriteScatter(const Workspace& workspace, OutputFile& file) {
-  return WriteRecords(file, kScatterColumns,
-                      [&](auto write) { ForEachScatterPoint(workspace, write); });
+void WriteDurationScatter(const Workspace& workspace, OutputFile& file) {
+  WriteRecords(file, kDurationScatterColumns,
+               [&](auto write) { ForEachDurationScatterPoint(workspace, WithoutRow(write)); });
+}
+
+void WriteScatter(const Workspace& workspace, OutputFile& file) {
+  WriteRecords(file, kScatterColumns,
+               [&](auto write) { ForEachScatterPoint(workspace, WithoutRow(write)); });
 }
 
 /// Times begin at a whole number of steps, not at the middle of the first kernel.
-std::int32_t WriteStationarity(const Workspace& workspace, OutputFile& file) {
+void WriteStationarity(const Workspace& workspace, OutputFile& file) {
   const StationaritySettings& plot = workspace.Stationarity;
   const double step = plot.TickSpacing / plot.TickPixels;
   double time = TruncateToInteger(kKernelReach * plot.Tau / step) * step;
-  return WriteRecords(file, kStationarityColumns, [&](auto write) {
+  WriteRecords(file, kStationarityColumns, [&](auto write) {
     for (std::int32_t k = 0; k < plot.SampleCount; ++k) {
       // A sample that sees no level is 0 divided by a negative weight. Nobody should read -0.
       const double value = plot.StationaritySamples[k] + 0.0;
-      if (!write(StationaritySample{time, value})) return;
+      if (!write(StationaritySample{time, value}, k)) return;
       time += step;
     }
   });
@@ -224,7 +230,7 @@ std::int32_t WriteStationarity(const Workspace& workspace, OutputFile& file) {
 
 // --- Histograms ----------------------------------------------------------------------------------
 
-static_assert(2 + 1 + kMaxTerms <= kMostRowFields, "centre, count, sum and terms");
+static_assert(2 + 1 + kMaxTerms <= kMostRowFields, "place, count, sum and terms");
 
 /// The middle of a bin.
 struct BinCentre {
@@ -246,7 +252,7 @@ BinCentre CentreAt(const DurationHistogram& histogram, double offset) {
 }
 
 void AppendCentre(RowText& text, const AmplitudeHistogram&, const BinCentre& centre) {
-  AppendReal(text, centre.Shown, kDecimals, 'E');
+  AppendReal(text, centre.Shown, kScientificDecimals, 'E');
 }
 
 void AppendCentre(RowText& text, const DurationHistogram&, const BinCentre& centre) {
@@ -266,7 +272,7 @@ double CurveCount(const DurationHistogram& histogram, double x, std::int32_t fir
 template <typename Histogram>
 void AppendFit(RowText& text, const Histogram& histogram, const FitColumns& fit, double x) {
   const auto append = [&](std::int32_t first, std::int32_t last) {
-    AppendReal(text, CurveCount(histogram, x, first, last), kDecimals, 'E');
+    AppendReal(text, CurveCount(histogram, x, first, last), kScientificDecimals, 'E');
   };
   if (fit.Sum) append(0, static_cast<std::int32_t>(CountTerms(histogram)));
   for (std::int32_t term = 0; term < fit.Terms; ++term) append(term, term + 1);
@@ -274,7 +280,7 @@ void AppendFit(RowText& text, const Histogram& histogram, const FitColumns& fit,
 
 /// The bins on the axis, those too that take no part in the fit.
 template <ViewKind kKind, auto kHistogram>
-std::int32_t WriteBins(const Workspace& workspace, OutputFile& file) {
+void WriteBins(const Workspace& workspace, OutputFile& file) {
   const auto& histogram = workspace.*kHistogram;
   const std::int64_t binCount = histogram.Bins == nullptr ? 0 : CountBins(histogram);
   const FitColumns fit = FitColumnsOf(workspace, kKind);
@@ -284,12 +290,11 @@ std::int32_t WriteBins(const Workspace& workspace, OutputFile& file) {
     const BinCentre centre = CentreAt(histogram, offset);
     text.Length = 0;
     AppendCentre(text, histogram, centre);
-    AppendReal(text, histogram.Bins[bin].Count, kDecimals, 'E');
+    AppendReal(text, histogram.Bins[bin].Count, kScientificDecimals, 'E');
     AppendFit(text, histogram, fit, centre.X);
     WriteLine(file, TextOf(text));
     offset += histogram.PixelsPerBin;
   }
-  return file.Status;
 }
 
 template <typename Histogram>
@@ -300,59 +305,35 @@ FitColumns FitColumnsOf(const Workspace& workspace, ViewKind kind, const Histogr
   return {.Sum = style != FitStyle::Component, .Terms = style != FitStyle::Sum ? terms : 0};
 }
 
-// --- The twelve views ----------------------------------------------------------------------------
-
-constexpr char kUntitled[] = "Untitled";
-constexpr char kEvents[] = "Events";  // for the list of levels too
-
-// "Probobility" keeps its spelling: procedures that users have written know the wave by this name.
-constexpr TextExportRecord kTextExports[] = {
-    {ViewKind::Event, "Export event list as:", kUntitled, kEvents,
-     "WAVES /D Sweep, Transition, PreAmplitude, PostAmplitude, Level, TagValue",
-     WriteTable<ViewKind::Event, &Workspace::Events, kEventColumns>, true},
-    {ViewKind::Level, "Export level list as:", kUntitled, kEvents,
-     "WAVES /D Sweep, Transition, Duration, PreAmplitude, PostAmplitude, Amplitude, Level, "
-     "TagValue",
-     WriteTable<ViewKind::Level, &Workspace::Levels, kLevelColumns>, false},
-    {ViewKind::Sweep, "Export sweeps as:", kUntitled, kUntitled,
-     "WAVES /D Index, File, Sweep, StartTime, Duration, RelevantStart, RelevantEnd, "
-     "RelevantValue, TagValue",
-     WriteTable<ViewKind::Sweep, &Workspace::Sweeps, kSweepColumns>, false},
-    {ViewKind::Statistics, "Export statistics as:", kUntitled, kUntitled,
-     "WAVES /D Level, Events, Probobility, DurationMean, DurationStd, DurationMin, DurationMax, "
-     "AmplitudeMean, AmplitudeStd, AmplitudeMin, AmplitudeMax",
-     WriteStatistics, false},
-    {ViewKind::AmplitudeFit, "Export parameters as:", kUntitled, kUntitled,
-     "WAVES /D Weight, Current, StdDev", WriteTerms<&Workspace::Amplitude, kAmplitudeFitColumns>,
-     false},
-    {ViewKind::DurationFit, "Export parameters as:", kUntitled, kUntitled,
-     "WAVES /D Weight, TimeConstant", WriteTerms<&Workspace::Duration, kDurationFitColumns>, false},
-    {ViewKind::Amplitude, "Export amplitude histogram as:", kUntitled, kUntitled,
-     "WAVES /D Current, Count", WriteBins<ViewKind::Amplitude, &Workspace::Amplitude>, false},
-    {ViewKind::Duration, "Export duration histogram as:", kUntitled, kUntitled,
-     "WAVES /D Duration, Count", WriteBins<ViewKind::Duration, &Workspace::Duration>, false},
-    {ViewKind::AmplitudeScatter, "Export amplitude scatter as:", kUntitled, kUntitled,
-     "WAVES /D X, Current", WriteAmplitudeScatter, false},
-    {ViewKind::DurationScatter, "Export duration scatter as:", kUntitled, kUntitled,
-     "WAVES /D X, Duration", WriteDurationScatter, false},
-    {ViewKind::Scatter, "Export scatter plot as:", kUntitled, kUntitled,
-     "WAVES /D Duration, Current", WriteScatter, false},
-    {ViewKind::Stationarity, "Export stationarity as:", kUntitled, kUntitled,
-     "WAVES /D Duration, Probability", WriteStationarity, false},
-};
-
-constexpr bool StandInOrder() {
-  for (std::size_t i = 0; i < kViewCount; ++i) {
-    if (kTextExports[i].Kind != static_cast<ViewKind>(i)) return false;
-  }
-  return std::size(kTextExports) == kViewCount;
-}
-static_assert(StandInOrder());
-
 }  // namespace
 
-const TextExportRecord& TextExportOf(ViewKind kind) {
-  return kTextExports[static_cast<std::size_t>(kind)];
+void WriteTextRows(const Workspace& workspace, ViewKind kind, OutputFile& file) {
+  switch (kind) {
+    case ViewKind::Event:
+      return WriteTable<ViewKind::Event, &Workspace::Events, kEventColumns>(workspace, file);
+    case ViewKind::Level:
+      return WriteTable<ViewKind::Level, &Workspace::Levels, kLevelColumns>(workspace, file);
+    case ViewKind::Sweep:
+      return WriteTable<ViewKind::Sweep, &Workspace::Sweeps, kSweepColumns>(workspace, file);
+    case ViewKind::Statistics:
+      return WriteStatistics(workspace, file);
+    case ViewKind::AmplitudeFit:
+      return WriteTerms<&Workspace::Amplitude, kAmplitudeFitColumns>(workspace, file);
+    case ViewKind::DurationFit:
+      return WriteTerms<&Workspace::Duration, kDurationFitColumns>(workspace, file);
+    case ViewKind::Amplitude:
+      return WriteBins<ViewKind::Amplitude, &Workspace::Amplitude>(workspace, file);
+    case ViewKind::Duration:
+      return WriteBins<ViewKind::Duration, &Workspace::Duration>(workspace, file);
+    case ViewKind::AmplitudeScatter:
+      return WriteAmplitudeScatter(workspace, file);
+    case ViewKind::DurationScatter:
+      return WriteDurationScatter(workspace, file);
+    case ViewKind::Scatter:
+      return WriteScatter(workspace, file);
+    case ViewKind::Stationarity:
+      return WriteStationarity(workspace, file);
+  }
 }
 
 FitColumns FitColumnsOf(const Workspace& workspace, ViewKind kind) {

@@ -1,6 +1,5 @@
-// What each of the twelve views leaves in a text file: its rows, with currents in amperes and times
-// in seconds, and what goes with them. Both forms of a file, for spreadsheets and for Igor, hold
-// the same rows; the form decides only what stands around them.
+// The rows that each of the twelve views leaves in a text file, with currents in amperes and times
+// in seconds. Both forms of a file, for spreadsheets and for Igor, hold the same rows.
 #pragma once
 
 #include <cstdint>
@@ -11,19 +10,9 @@
 
 namespace ondrel {
 
-struct TextExportRecord {
-  ViewKind Kind;
-  const char* Title;            // of the save dialog
-  const char* SpreadsheetName;  // the file name that it offers
-  const char* IgorName;
-  const char* Waves;  // Igor's line of column names, without those of a fit
-  /// Writes the rows. Returns 0, or the platform's code of a write that failed; the file is closed
-  /// then.
-  std::int32_t (*WriteRows)(const Workspace& workspace, OutputFile& file);
-  bool TellsFailedRows;  // besides what is told of the export as a whole
-};
-
-const TextExportRecord& TextExportOf(ViewKind kind);
+/// Writes the rows of the view `kind`. They end at a write that failed; the file, which is closed
+/// then, knows of it.
+void WriteTextRows(const Workspace& workspace, ViewKind kind, OutputFile& file);
 
 /// The columns of a fit, which stand behind those of a histogram.
 struct FitColumns {

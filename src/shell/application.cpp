@@ -167,6 +167,7 @@ int RunApplication(void* instance) {
 
 void ExitCommand(FrameWindow* frame) {
   Workspace& workspace = *frame->Owner;
+  if (workspace.Printing) return;
   workspace.Closing = true;
   SavePreferences(frame);
   CloseViews(workspace);

@@ -5,6 +5,7 @@
 #include "shell/application.h"
 #include "shell/color_commands.h"
 #include "shell/command_ids.h"
+#include "shell/copy_command.h"
 #include "shell/file_commands.h"
 #include "shell/file_settings_dialog.h"
 #include "shell/graph_export.h"
@@ -113,6 +114,7 @@ const CommandRecord* FindCommand(CommandId command) {
 }  // namespace
 
 void DispatchCommand(FrameWindow* frame, int high, int low) {
+  if (frame->Owner->Printing) return;
   const auto command = static_cast<CommandId>((high & 0xFF) << 8 | (low & 0xFF));
   if (!IsAllowed(*frame->Owner, command, CurrentMenuState(*frame->Owner))) return;
   if (const CommandRecord* row = FindCommand(command)) {

@@ -1,24 +1,22 @@
 #include "shell/graph_export.h"
 
-#include <cmath>
-#include <cstddef>
-#include <cstdint>
 #include <cstdio>
-#include <iterator>
 
 #include "output/documents.h"
 #include "output/placeable_metafile.h"
 #include "output/truncated_rect.h"
+#include "shell/copy_command.h"
 #include "shell/export_dialogs.h"
+#include "shell/export_sizes.h"
 #include "shell/toolkit.h"
 #include "views/view_destinations.h"
 #include "views/view_kinds.h"
 #include "views/view_window.h"
 #include "workspace/output_file.h"
-#include "workspace/report.h"
 #include "workspace/truncate.h"
 #include "workspace/units.h"
 #include "workspace/workspace.h"
+#include "workspace/writing_reports.h"
 
 namespace ondrel {
 namespace {
@@ -38,13 +36,6 @@ void SetPage(Workspace& workspace, const PictureSize& size) {
   }
 }
 
-/// Letters and pens as large in the picture as the settings say, in its own dots per inch.
-void ScaleSizes(Workspace& workspace) {
-  const double dpi = workspace.ExportDpi;
-  workspace.DeviceFontSize = TruncateToInteger(workspace.FontSize * dpi / kPointsPerInch);
-  workspace.DevicePenSize = workspace.PenSize * dpi / kPointsPerInch;
-}
-
 /// A metafile alone is drawn in its own dots per inch. All others are drawn in the screen's, with
 /// points for device units: their letters come out smaller than those of the window.
 void SetPicture(Workspace& workspace, const IntRect& client, const PictureSize& size) {
@@ -54,13 +45,13 @@ void SetPicture(Workspace& workspace, const IntRect& client, const PictureSize& 
     const double dpi = workspace.ExportDpi;
     rect.Bottom = TruncateToInteger(client.Top + size.Height * dpi / kCentimetersPerInch);
     rect.Right = TruncateToInteger(client.Left + size.Width * dpi / kCentimetersPerInch);
-    ScaleSizes(workspace);
+    ScaleExportSizes(workspace, dpi);
   } else {
     const double dpi = workspace.ScreenDpi;
     rect.Bottom = TruncateToInteger(client.Top + size.Height * dpi / kCentimetersPerInch);
     // From the top, unlike above; a client area begins at 0 on both sides.
     rect.Right = TruncateToInteger(client.Top + size.Width * dpi / kCentimetersPerInch);
-    workspace.DeviceFontSize = workspace.FontSize;
+    workspace.DeviceFontSize = LetterSize(workspace);
     workspace.DevicePenSize = workspace.PenSize;
   }
 }
@@ -116,10 +107,6 @@ constexpr DocumentForm kEps = {
     .Close = CloseEps,
 };
 
-void ReportWritingFailed(FrameWindow* frame) {
-  ReportFailure(frame, {TextId::ErrorWhileWriting});
-}
-
 bool WriteDocument(Workspace& workspace, ViewKind kind, const DocumentForm& form,
                    const char* path) {
   GraphicsContext& context = workspace.Graphics;
@@ -128,22 +115,18 @@ bool WriteDocument(Workspace& workspace, ViewKind kind, const DocumentForm& form
   if (context.Status != 0) return false;
   context.File = &file;
   form.Open(workspace);
-  if (context.Status == 0) {
-    DrawViewToFile(workspace, kind, workspace.*form.Sink, workspace.ExportRect);
-  }
+  DrawViewToFile(workspace, kind, workspace.*form.Sink, workspace.ExportRect);
   form.Close(context, FactsOf(kind));
   context.File = nullptr;
   return context.Status == 0;
 }
 
-template <const DocumentForm& kForm>
-void ExportDocument(FrameWindow* frame, ViewKind kind) {
+void ExportDocument(FrameWindow* frame, ViewKind kind, const DocumentForm& form) {
   char path[kPathSize] = "";
-  if (!toolkit::AskFile(frame, toolkit::FileDialogMode::Save, kForm.DialogTitle, "Untitled",
-                        path)) {
+  if (!toolkit::AskFile(frame, toolkit::FileDialogMode::Save, form.DialogTitle, "Untitled", path)) {
     return;
   }
-  if (!WriteDocument(*frame->Owner, kind, kForm, path)) ReportWritingFailed(frame);
+  if (!WriteDocument(*frame->Owner, kind, form, path)) ReportWritingFailed(frame);
 }
 
 // --- Metafiles -----------------------------------------------------------------------------------
@@ -163,101 +146,18 @@ void ExportMetafile(FrameWindow* frame, ViewKind kind) {
   }
 }
 
-// --- The clipboard -------------------------------------------------------------------------------
-
-struct CopiedView {
-  ViewKind Kind;
-  const char* Name;
-};
-
-/// What the views are called when they could not be copied: not all of them by their titles.
-constexpr CopiedView kCopiedViews[] = {
-    {ViewKind::Event, "Events"},
-    {ViewKind::Level, "Levels"},
-    {ViewKind::Sweep, "Sweeps"},
-    {ViewKind::Statistics, "Statistics"},
-    {ViewKind::AmplitudeFit, "Amplitude Fit Parameters"},
-    {ViewKind::DurationFit, "Duration Fit Parameters"},
-    {ViewKind::Amplitude, "Amplitude"},
-    {ViewKind::Duration, "Duration"},
-    {ViewKind::AmplitudeScatter, "Amplitude Scatter Plot"},
-    {ViewKind::DurationScatter, "Duration Scatter Plot"},
-    {ViewKind::Scatter, "Scatter Plot"},
-    {ViewKind::Stationarity, "Stationarity"},
-};
-
-constexpr bool StandInOrder() {
-  for (std::size_t i = 0; i < kViewCount; ++i) {
-    if (static_cast<std::size_t>(kCopiedViews[i].Kind) != i) return false;
-  }
-  return true;
-}
-static_assert(std::size(kCopiedViews) == kViewCount && StandInOrder());
-
-void ReportCopyingFailed(FrameWindow* frame, ViewKind kind, std::int32_t code) {
-  const char* name = kCopiedViews[static_cast<std::size_t>(kind)].Name;
-  ReportFailure(frame, {TextId::ErrorWhileCopying, name, TextId::WindowToClipboard, code, "."});
-}
-
-/// The clipboard takes the picture, or it is deleted. The code of a failure is what came of
-/// deleting it where the clipboard could not be made ready, and 0 for later ones.
-void PutOnClipboard(FrameWindow* frame, ViewKind kind, const MetafileRecord& metafile) {
-  const bool opened = toolkit::OpenClipboard(frame);
-  if (!opened || !toolkit::EmptyClipboard()) {
-    if (opened) static_cast<void>(toolkit::CloseClipboard());
-    ReportCopyingFailed(frame, kind, toolkit::DeleteMetafile(metafile.Picture));
-    return;
-  }
-  const bool given =
-      toolkit::GiveToClipboard(metafile.Picture, Width(metafile.Frame), Height(metafile.Frame));
-  if (!given) toolkit::DeleteMetafile(metafile.Picture);
-  const bool closed = toolkit::CloseClipboard();
-  if (!given || !closed) ReportCopyingFailed(frame, kind, 0);
-}
-
-/// `drawn` tells whether there is a metafile; if not the context's Status says why.
-void PutDrawnOnClipboard(FrameWindow* frame, ViewKind kind, bool drawn,
-                         const MetafileRecord& metafile) {
-  if (drawn) {
-    PutOnClipboard(frame, kind, metafile);
-  } else {
-    ReportCopyingFailed(frame, kind, frame->Owner->Graphics.Status);
-  }
-}
-
-void ExportToClipboard(FrameWindow* frame, ViewKind kind) {
-  MetafileRecord metafile;
-  const bool drawn = DrawViewToMetafile(*frame->Owner, kind, &metafile);
-  PutDrawnOnClipboard(frame, kind, drawn, metafile);
-}
-
-double DpiOfWindow(ChildWindow* window) {
-  DeviceRecord device = toolkit::AcquireDevice(window);
-  const double dpi = toolkit::DeviceDpi(device);
-  toolkit::ReleaseDevice(window, device);
-  return dpi;
-}
-
-/// A picture larger than the window by its dots per inch over 72, as its letters are.
-IntRect EnlargedBy(double dpi, const IntRect& client) {
-  const double right = Width(client) * dpi / kPointsPerInch;
-  const double bottom = Height(client) * dpi / kPointsPerInch;
-  return {client.Left, client.Top, TruncateToInteger(client.Left + std::trunc(right)),
-          TruncateToInteger(client.Top + std::trunc(bottom))};
-}
-
 // --- The forms -----------------------------------------------------------------------------------
 
 void ExportAs(ExportChoice form, FrameWindow* frame, ViewKind kind) {
   switch (form) {
     case ExportChoice::Illustrator:
-      ExportDocument<kIllustrator>(frame, kind);
+      ExportDocument(frame, kind, kIllustrator);
       return;
     case ExportChoice::Clipboard:
-      ExportToClipboard(frame, kind);
+      PutViewOnClipboard(frame, kind);
       return;
     case ExportChoice::Eps:
-      ExportDocument<kEps>(frame, kind);
+      ExportDocument(frame, kind, kEps);
       return;
     case ExportChoice::Metafile:
       ExportMetafile(frame, kind);
@@ -278,23 +178,6 @@ void ExportGraphCommand(FrameWindow* frame) {
   SetPicture(workspace, client, size);
   SetUpContext(workspace);
   ExportAs(workspace.ExportType, frame, kind);
-}
-
-void CopyCommand(FrameWindow* frame) {
-  Workspace& workspace = *frame->Owner;
-  ViewKind kind{};
-  if (!FindActiveView(workspace, &kind)) return;
-  ChildWindow* window = ViewOf(workspace, kind).Window;
-  const double keptDpi = workspace.ExportDpi;
-  workspace.ScreenDpi = DpiOfWindow(window);
-  workspace.ExportDpi = workspace.ScreenDpi;
-  ScaleSizes(workspace);
-  workspace.ExportRect = EnlargedBy(workspace.ExportDpi, toolkit::ClientRect(window));
-  workspace.Graphics.FileName[0] = '\0';
-  MetafileRecord metafile;
-  const bool drawn = DrawViewToMetafile(workspace, kind, &metafile);
-  workspace.ExportDpi = keptDpi;
-  PutDrawnOnClipboard(frame, kind, drawn, metafile);
 }
 
 }  // namespace ondrel

@@ -1,19 +1,14 @@
-// The commands by which the picture of a view leaves the program: into a document, a metafile or
-// the clipboard.
+// The command by which the picture of a view leaves the program: as a document, as a metafile, or
+// to the clipboard.
 #pragma once
 
 #include "shell/window_record.h"
 
 namespace ondrel {
 
-// Both are for the view in front, and do nothing without one. Failures are told; a document stays
-// on disk as far as it came.
-
-/// "Export Graph...": asks for form and size, and for a file unless the clipboard was chosen.
+/// "Export Graph...": asks for form and size, and for a file unless the clipboard was chosen. It is
+/// for the view in front, and does nothing without one. Failures are told; a document stays on disk
+/// as far as it came.
 void ExportGraphCommand(FrameWindow* frame);
-
-/// The copy command: the view goes to the clipboard, in proportion to its window. `ScreenDpi` is
-/// read anew; `ExportDpi` stays what it was.
-void CopyCommand(FrameWindow* frame);
 
 }  // namespace ondrel

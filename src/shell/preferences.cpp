@@ -15,6 +15,7 @@
 #include "workspace/text_scanner.h"
 #include "workspace/whole_file.h"
 #include "workspace/workspace.h"
+#include "workspace/writing_reports.h"
 
 namespace ondrel {
 namespace {
@@ -126,7 +127,7 @@ bool WritePreferences(FrameWindow* frame, toolkit::FileHandle file) {
   for (int line = 1; line <= kPreferenceLines; ++line) {
     if (WriteLineOf(*frame->Owner, line, file)) continue;
     toolkit::CloseFile(file);
-    ReportFailure(frame, {TextId::ErrorWhileWriting});
+    ReportWritingFailed(frame);
     return false;
   }
   return true;
@@ -181,7 +182,7 @@ void SavePreferencesCommand(FrameWindow* frame) {
   }
   toolkit::FileHandle file;
   if (toolkit::CreateEmptyFile(path) != 0 || toolkit::OpenFileForWriting(path, &file) != 0) {
-    ReportFailure(frame, {TextId::ErrorWhileWriting});
+    ReportWritingFailed(frame);
     return;
   }
   WriteWholeOrNothing(frame, path, file);

@@ -2,13 +2,13 @@
 
 #include <cstdint>
 
+#include "shell/export_sizes.h"
 #include "shell/toolkit.h"
 #include "views/all_views.h"
 #include "views/view_destinations.h"
 #include "views/view_window.h"
 #include "workspace/report.h"
 #include "workspace/truncate.h"
-#include "workspace/units.h"
 #include "workspace/workspace.h"
 
 namespace ondrel {
@@ -68,14 +68,6 @@ bool OpenStopDialog(PrintRun& run) {
 
 // --- The steps of a print ------------------------------------------------------------------------
 
-/// How large the window is on the screen decides how large it is on paper.
-void MeasureScreen(Workspace& workspace, ViewKind kind) {
-  ChildWindow* window = ViewOf(workspace, kind).Window;
-  DeviceRecord device = toolkit::AcquireDevice(window);
-  workspace.ScreenDpi = toolkit::DeviceDpi(device);
-  toolkit::ReleaseDevice(window, device);
-}
-
 bool BeginDocument(PrintRun& run) {
   if (!OpenStopDialog(run)) {
     // The frame stays disabled: what could not make so small a window is in no state to go on.
@@ -100,10 +92,10 @@ bool BeginPage(PrintRun& run) {
   return false;
 }
 
+/// How large the window is on the screen decides how large it is on paper.
 void LayOutPage(Workspace& workspace, ViewKind kind, double dpi) {
-  workspace.DeviceFontSize = TruncateToInteger(workspace.FontSize * dpi / kPointsPerInch);
-  workspace.DevicePenSize = workspace.PenSize * dpi / kPointsPerInch;
   workspace.ExportDpi = dpi;
+  ScaleExportSizes(workspace, dpi);
   const IntRect client = toolkit::ClientRect(ViewOf(workspace, kind).Window);
   const double scale = workspace.ScreenDpi;
   workspace.ExportRect = client;
@@ -115,12 +107,13 @@ void DrawPage(PrintRun& run) {
   Workspace& workspace = *run.Frame->Owner;
   LayOutPage(workspace, run.View, toolkit::DeviceDpi(run.Printer.Device));
   DrawViewToPrinter(workspace, run.View, run.Printer.Device);
-  // Their bins are laid out for the paper now.
+  // Their bins have been laid out for the paper: the repaint pass at the end shows them anew.
   const bool isHistogram = run.View == ViewKind::Amplitude || run.View == ViewKind::Duration;
   if (isHistogram) ViewOf(workspace, run.View).NeedsRebuild = true;
 }
 
-bool EndDocument(PrintRun& run) {
+/// The page and with it the document; a page that fails takes the document with it. False then.
+bool FinishPrint(PrintRun& run) {
   const std::int32_t code = toolkit::EndPage(run.Printer);
   if (code != 0 && !run.Aborted) {
     LeaveStopDialog(run);
@@ -132,12 +125,19 @@ bool EndDocument(PrintRun& run) {
   return true;
 }
 
+bool PrintPage(PrintRun& run) {
+  DrawPage(run);
+  return FinishPrint(run);
+}
+
 void Print(PrintRun& run) {
   Workspace& workspace = *run.Frame->Owner;
-  MeasureScreen(workspace, run.View);
-  if (!BeginDocument(run) || !BeginPage(run)) return;
-  DrawPage(run);
-  if (EndDocument(run)) RefreshViews(workspace);
+  workspace.ScreenDpi = DpiOfWindow(ViewOf(workspace, run.View).Window);
+  // A box of the drawing can stand over the frame when the button of the dialog enables it.
+  workspace.Printing = true;
+  const bool finished = BeginDocument(run) && BeginPage(run) && PrintPage(run);
+  workspace.Printing = false;
+  if (finished) RefreshViews(workspace);
 }
 
 }  // namespace

@@ -13,8 +13,9 @@ namespace {
 
 using TableWriter = bool (*)(FrameWindow* frame, OutputFile& file);
 
-/// The writer tells its own failures; what was gathered can still fail to reach the disk when the
-/// file is closed.
+/// The writer tells its own failures. A failed close counts as a failed write, since the last lines
+/// may wait until then. Unlike CreateOutputFile this leaves a file that cannot be opened: whatever
+/// a save has made stays, however far it came.
 void SaveUnder(FrameWindow* frame, const char* path, TableWriter save) {
   OutputFile file;
   if (toolkit::CreateEmptyFile(path) != 0 || OpenOutputFile(path, file) != 0) {

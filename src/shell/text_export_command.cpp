@@ -1,7 +1,6 @@
 #include "shell/text_export_command.h"
 
 #include "output/text_export.h"
-#include "output/text_rows.h"
 #include "shell/export_dialogs.h"
 #include "shell/toolkit.h"
 #include "views/view_window.h"

@@ -15,7 +15,7 @@
 namespace ondrel {
 namespace {
 
-void DrawXAxis(AxisDrawing& axis, const AmplitudeHistogram& histogram, const IntRect& rect) {
+void DrawXAxis(const AxisDrawing& axis, const AmplitudeHistogram& histogram, const IntRect& rect) {
   const GraphFrame& frame = axis.Frame;
   const double height = GraphHeight(rect);
   const double base = frame.PlotBottom;
@@ -72,12 +72,12 @@ void DrawAmplitude(Workspace& workspace, const GraphicsSink& sink, const IntRect
 }
 
 void DrawAmplitudeXAxis(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
-  AxisDrawing axis = BeginAxes(kTwin, workspace, sink);
+  const AxisDrawing axis = BeginAxes(kTwin, workspace, sink);
   DrawXAxis(axis, workspace.Amplitude, rect);
 }
 
 void DrawAmplitudeYAxis(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
-  AxisDrawing axis = BeginAxes(kTwin, workspace, sink);
+  const AxisDrawing axis = BeginAxes(kTwin, workspace, sink);
   DrawYAxisOf(kTwin, axis, workspace.Amplitude, rect);
 }
 

@@ -3,69 +3,53 @@
 #include <cmath>
 
 namespace ondrel {
-namespace {
-
-void UseAxisColor(AxisDrawing& axis) {
-  if (axis.InForce == AxisPart::Axes) return;
-  SetStrokeColor(axis.Target, axis.AxisColor);
-  axis.InForce = AxisPart::Axes;
-}
-
-void UseLabelColor(AxisDrawing& axis) {
-  if (axis.InForce == AxisPart::Labels) return;
-  SetFillColor(axis.Target, axis.LabelColor);
-  axis.InForce = AxisPart::Labels;
-}
-
-}  // namespace
-
-void DrawAxisLine(AxisDrawing& axis, double x1, double y1, double x2, double y2) {
+void DrawAxisLine(const AxisDrawing& axis, double x1, double y1, double x2, double y2) {
   if (!axis.ShowAxes) return;
-  UseAxisColor(axis);
+  SetStrokeColor(axis.Target, axis.AxisColor);
   DrawLine(axis.Target, x1, y1, x2, y2);
 }
 
-void DrawHorizontalLine(AxisDrawing& axis) {
+void DrawHorizontalLine(const AxisDrawing& axis) {
   const GraphFrame& frame = axis.Frame;
   DrawAxisLine(axis, frame.PlotLeft, frame.PlotBottom, frame.PlotRight, frame.PlotBottom);
 }
 
-void DrawVerticalLine(AxisDrawing& axis) {
+void DrawVerticalLine(const AxisDrawing& axis) {
   const GraphFrame& frame = axis.Frame;
   DrawAxisLine(axis, frame.PlotLeft, frame.PlotTop, frame.PlotLeft, frame.PlotBottom);
 }
 
-void DrawTickBelow(AxisDrawing& axis, double x, double length) {
+void DrawTickBelow(const AxisDrawing& axis, double x, double length) {
   const double bottom = axis.Frame.PlotBottom;
   DrawAxisLine(axis, x, bottom, x, bottom + length);
 }
 
-void DrawTickBeside(AxisDrawing& axis, double y, double length) {
+void DrawTickBeside(const AxisDrawing& axis, double y, double length) {
   const double left = axis.Frame.PlotLeft;
   DrawAxisLine(axis, left, y, left - length, y);
 }
 
-void DrawAxisTitle(AxisDrawing& axis, const GraphPlace& place, const char* text) {
+void DrawAxisTitle(const AxisDrawing& axis, const GraphPlace& place, const char* text) {
   if (!axis.ShowLabels) return;
-  UseLabelColor(axis);
+  SetFillColor(axis.Target, axis.LabelColor);
   DrawTextFrom(axis.Target, place.X, place.Y, text);
 }
 
-void DrawNumberAt(AxisDrawing& axis, double x, double y, const char* text) {
+void DrawNumberAt(const AxisDrawing& axis, double x, double y, const char* text) {
   if (!axis.ShowLabels) return;
-  UseLabelColor(axis);
+  SetFillColor(axis.Target, axis.LabelColor);
   DrawTextCentredAt(axis.Target, x, y, text);
 }
 
-void DrawNumberFrom(AxisDrawing& axis, double x, double y, const char* text) {
+void DrawNumberFrom(const AxisDrawing& axis, double x, double y, const char* text) {
   if (!axis.ShowLabels) return;
-  UseLabelColor(axis);
+  SetFillColor(axis.Target, axis.LabelColor);
   DrawTextFrom(axis.Target, x, y, text);
 }
 
-void DrawNumberUpTo(AxisDrawing& axis, double x, double y, const char* text) {
+void DrawNumberUpTo(const AxisDrawing& axis, double x, double y, const char* text) {
   if (!axis.ShowLabels) return;
-  UseLabelColor(axis);
+  SetFillColor(axis.Target, axis.LabelColor);
   DrawTextUpTo(axis.Target, x, y, text);
 }
 

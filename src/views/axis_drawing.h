@@ -30,11 +30,9 @@ constexpr double AtLeastOne(std::int32_t setting) {
   return std::max(setting, 1);
 }
 
-enum class AxisPart : std::uint8_t { None, Labels, Axes };
-
-/// The axes while they are drawn, one after the other: what the user has switched off is left out,
-/// and the colour is set where it changes. Labels are filled and axes stroked, but a screen and an
-/// EPS document know one colour for both: only the last one that was set is in force.
+/// The axes while they are drawn, one after the other: what the user has switched off is left out.
+/// Each line and each text has its colour set before it: labels are filled and axes stroked, but a
+/// screen and an EPS document know one colour for both.
 struct AxisDrawing {
   Drawing Target;
   const GraphFrame& Frame;
@@ -42,24 +40,23 @@ struct AxisDrawing {
   RgbColor AxisColor;
   bool ShowAxes = true;
   bool ShowLabels = true;
-  AxisPart InForce = AxisPart::None;  // whose colour was set last
 };
 
 /// Any line of an axis.
-void DrawAxisLine(AxisDrawing& axis, double x1, double y1, double x2, double y2);
+void DrawAxisLine(const AxisDrawing& axis, double x1, double y1, double x2, double y2);
 /// The axes themselves: the lower and the left edge of the plot.
-void DrawHorizontalLine(AxisDrawing& axis);
-void DrawVerticalLine(AxisDrawing& axis);
+void DrawHorizontalLine(const AxisDrawing& axis);
+void DrawVerticalLine(const AxisDrawing& axis);
 /// Ticks go outward from the plot.
-void DrawTickBelow(AxisDrawing& axis, double x, double length);
-void DrawTickBeside(AxisDrawing& axis, double y, double length);
+void DrawTickBelow(const AxisDrawing& axis, double x, double length);
+void DrawTickBeside(const AxisDrawing& axis, double y, double length);
 /// A title that begins at `place`.
-void DrawAxisTitle(AxisDrawing& axis, const GraphPlace& place, const char* text);
+void DrawAxisTitle(const AxisDrawing& axis, const GraphPlace& place, const char* text);
 
 // A number with its middle, its beginning, or its end at `x`.
-void DrawNumberAt(AxisDrawing& axis, double x, double y, const char* text);
-void DrawNumberFrom(AxisDrawing& axis, double x, double y, const char* text);
-void DrawNumberUpTo(AxisDrawing& axis, double x, double y, const char* text);
+void DrawNumberAt(const AxisDrawing& axis, double x, double y, const char* text);
+void DrawNumberFrom(const AxisDrawing& axis, double x, double y, const char* text);
+void DrawNumberUpTo(const AxisDrawing& axis, double x, double y, const char* text);
 
 /// A number of an axis that was added up in steps from `start`. Where the numbers pass 0 it is 0,
 /// not what rounding leaves of it, which would be shown as "-0.0" or as "1.11E-16".

@@ -38,7 +38,7 @@ double OffsetOfMinor(std::int32_t m, std::int32_t ticksPerDecade) {
 
 /// False when a tick lies beyond the plot, which ends the axis, and when none of the `ticksLeft` is
 /// left.
-bool DrawMinorTicks(AxisDrawing& axis, const DurationHistogram& histogram, double start,
+bool DrawMinorTicks(const AxisDrawing& axis, const DurationHistogram& histogram, double start,
                     double length, std::int32_t& ticksLeft) {
   const GraphFrame& frame = axis.Frame;
   const std::int32_t ticks = CountTicks(histogram.TicksPerDecade);
@@ -51,7 +51,7 @@ bool DrawMinorTicks(AxisDrawing& axis, const DurationHistogram& histogram, doubl
   return true;
 }
 
-void DrawXAxis(AxisDrawing& axis, const DurationHistogram& histogram, const IntRect& rect) {
+void DrawXAxis(const AxisDrawing& axis, const DurationHistogram& histogram, const IntRect& rect) {
   const GraphFrame& frame = axis.Frame;
   const double height = GraphHeight(rect);
   const double base = frame.PlotBottom;
@@ -109,12 +109,12 @@ void DrawDuration(Workspace& workspace, const GraphicsSink& sink, const IntRect&
 }
 
 void DrawDurationXAxis(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
-  AxisDrawing axis = BeginAxes(kTwin, workspace, sink);
+  const AxisDrawing axis = BeginAxes(kTwin, workspace, sink);
   DrawXAxis(axis, workspace.Duration, rect);
 }
 
 void DrawDurationYAxis(Workspace& workspace, const GraphicsSink& sink, const IntRect& rect) {
-  AxisDrawing axis = BeginAxes(kTwin, workspace, sink);
+  const AxisDrawing axis = BeginAxes(kTwin, workspace, sink);
   DrawYAxisOf(kTwin, axis, workspace.Duration, rect);
 }
 

@@ -9,13 +9,13 @@
 namespace ondrel {
 namespace {
 
-void DrawCount(AxisDrawing& axis, double y, double count) {
+void DrawCount(const AxisDrawing& axis, double y, double count) {
   char text[kNumberTextSize] = "";
   IntegerText(TruncateToInteger(count), text);
   DrawNumberUpTo(axis, VerticalNumberEnd(axis.Frame), y, text);
 }
 
-void DrawCountTick(AxisDrawing& axis, double length, double y, double count) {
+void DrawCountTick(const AxisDrawing& axis, double length, double y, double count) {
   const double left = axis.Frame.PlotLeft;
   DrawAxisLine(axis, left, y, left - length, y);
   DrawCount(axis, y, count);
@@ -28,7 +28,7 @@ double OffsetOfTick(const GraphFrame& frame, const CountScale& scale, double tic
   return std::sqrt(share) * (frame.PlotBottom - frame.PlotTop);
 }
 
-void DrawCountTicks(AxisDrawing& axis, double length, const CountScale& scale) {
+void DrawCountTicks(const AxisDrawing& axis, double length, const CountScale& scale) {
   const GraphFrame& frame = axis.Frame;
   const double countsPerTick = AtLeastOne(scale.CountsPerTick);
   double former = 0.0;
@@ -45,7 +45,7 @@ void DrawCountTicks(AxisDrawing& axis, double length, const CountScale& scale) {
 
 }  // namespace
 
-void DrawCountAxis(AxisDrawing& axis, double width, const CountScale& scale) {
+void DrawCountAxis(const AxisDrawing& axis, double width, const CountScale& scale) {
   const GraphFrame& frame = axis.Frame;
   const double height = frame.PlotBottom - frame.PlotTop;
   const double end = scale.Mirrored ? height * 2.0 + frame.PlotTop : frame.PlotBottom;

@@ -29,7 +29,7 @@ struct CountScale {
 
 /// The vertical axis at the left of the view's frame, from its title to its ticks. `width` is that
 /// of the view.
-void DrawCountAxis(AxisDrawing& axis, double width, const CountScale& scale);
+void DrawCountAxis(const AxisDrawing& axis, double width, const CountScale& scale);
 
 // --- The twins -----------------------------------------------------------------------------------
 
@@ -38,7 +38,7 @@ template <typename Histogram>
 struct HistogramTwin {
   ViewKind View;
   Histogram Workspace::*Shown;
-  void (*DrawXAxis)(AxisDrawing& axis, const Histogram& histogram, const IntRect& rect);
+  void (*DrawXAxis)(const AxisDrawing& axis, const Histogram& histogram, const IntRect& rect);
   /// Whether there is a tallest bar: without it there are neither ticks of counts nor bars.
   bool (*HasTicks)(const Histogram& histogram);
   bool (*IsMirrored)(const Histogram& histogram);
@@ -64,7 +64,7 @@ void DescribeBins(GraphicsContext& context, const Histogram& histogram) {
 void DrawDescribedBars(const Drawing& drawing, const ViewState& view, HistogramStyle style,
                        const BinRecord* bins);
 
-/// Axes of which nothing is drawn yet: no colour is in force.
+/// Axes of which nothing is drawn yet.
 template <typename Histogram>
 AxisDrawing BeginAxes(const HistogramTwin<Histogram>& twin, Workspace& workspace,
                       const GraphicsSink& sink) {
@@ -79,7 +79,7 @@ AxisDrawing BeginAxes(const HistogramTwin<Histogram>& twin, Workspace& workspace
 }
 
 template <typename Histogram>
-void DrawYAxisOf(const HistogramTwin<Histogram>& twin, AxisDrawing& axis,
+void DrawYAxisOf(const HistogramTwin<Histogram>& twin, const AxisDrawing& axis,
                  const Histogram& histogram, const IntRect& rect) {
   DrawCountAxis(axis, GraphWidth(rect),
                 {.YMaximum = histogram.YMaximum,
@@ -134,7 +134,7 @@ void DrawSteps(const HistogramTwin<Histogram>& twin, Workspace& workspace, const
   constexpr double kGapToAxis = 1.0;  // device units; the axis stands just below the bars
   const Histogram& histogram = workspace.*twin.Shown;
   GraphFrame& frame = ViewOf(workspace, twin.View).Frame;
-  AxisDrawing axis = BeginAxes(twin, workspace, sink);
+  const AxisDrawing axis = BeginAxes(twin, workspace, sink);
   const double base = frame.PlotBottom;
   frame.PlotBottom += kGapToAxis;
   twin.DrawXAxis(axis, histogram, rect);

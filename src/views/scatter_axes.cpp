@@ -26,16 +26,16 @@ const char* TitleOf(ScatterValue value) {
 /// What a logarithmic axis does in its direction. Offsets count from its start.
 struct AxisDirection {
   double (*Length)(const GraphFrame& frame);
-  void (*DrawTick)(AxisDrawing& axis, double offset, double length);
-  void (*DrawNumber)(AxisDrawing& axis, double width, double offset, const char* text);
+  void (*DrawTick)(const AxisDrawing& axis, double offset, double length);
+  void (*DrawNumber)(const AxisDrawing& axis, double width, double offset, const char* text);
 };
 
 constexpr AxisDirection kAcross = {
     .Length = [](const GraphFrame& frame) { return frame.PlotRight - frame.PlotLeft; },
-    .DrawTick = [](AxisDrawing& axis, double offset,
+    .DrawTick = [](const AxisDrawing& axis, double offset,
                    double length) { DrawTickBelow(axis, axis.Frame.PlotLeft + offset, length); },
     .DrawNumber =
-        [](AxisDrawing& axis, double width, double offset, const char* text) {
+        [](const AxisDrawing& axis, double width, double offset, const char* text) {
           DrawNumberFrom(axis, axis.Frame.PlotLeft + offset,
                          axis.Frame.PlotBottom + NumberDistance(width), text);
         },
@@ -43,10 +43,10 @@ constexpr AxisDirection kAcross = {
 
 constexpr AxisDirection kUp = {
     .Length = [](const GraphFrame& frame) { return frame.PlotBottom - frame.PlotTop; },
-    .DrawTick = [](AxisDrawing& axis, double offset,
+    .DrawTick = [](const AxisDrawing& axis, double offset,
                    double length) { DrawTickBeside(axis, axis.Frame.PlotBottom - offset, length); },
     .DrawNumber =
-        [](AxisDrawing& axis, double, double offset, const char* text) {
+        [](const AxisDrawing& axis, double, double offset, const char* text) {
           DrawNumberUpTo(axis, VerticalNumberEnd(axis.Frame), axis.Frame.PlotBottom - offset, text);
         },
 };
@@ -58,7 +58,7 @@ double ShareOfMinor(std::int32_t m, std::int32_t ticksPerDecade) {
 }
 
 /// False when a tick lies beyond the end of the axis.
-bool DrawMinorTicks(AxisDrawing& axis, const AxisDirection& direction, double width,
+bool DrawMinorTicks(const AxisDrawing& axis, const AxisDirection& direction, double width,
                     const DurationAxis& scale, double start) {
   const std::int32_t ticks = CountTicks(scale.TicksPerDecade);
   for (std::int32_t m = 2; m <= ticks + 1; ++m) {
@@ -74,7 +74,7 @@ bool CanHaveMinorTicks(const DurationAxis& scale) {
   return std::int64_t{CountTicks(scale.Decades)} * CountTicks(scale.TicksPerDecade) <= kMostTicks;
 }
 
-void DrawDecades(AxisDrawing& axis, const AxisDirection& direction, double width,
+void DrawDecades(const AxisDrawing& axis, const AxisDirection& direction, double width,
                  const DurationAxis& scale) {
   const bool hasMinorTicks = axis.ShowAxes && CanHaveMinorTicks(scale);
   for (std::int32_t k = 0; k <= CountTicks(scale.Decades); ++k) {
@@ -91,7 +91,7 @@ constexpr const char* kDurationTitle = "log Duration (s)";
 
 }  // namespace
 
-void DrawValueAxis(AxisDrawing& axis, double width, const ValueAxis& scale) {
+void DrawValueAxis(const AxisDrawing& axis, double width, const ValueAxis& scale) {
   const GraphFrame& frame = axis.Frame;
   DrawAxisTitle(axis, HorizontalTitlePlace(frame, width), TitleOf(scale.Value));
   DrawHorizontalLine(axis);
@@ -104,7 +104,7 @@ void DrawValueAxis(AxisDrawing& axis, double width, const ValueAxis& scale) {
   }
 }
 
-void DrawAmplitudeAxis(AxisDrawing& axis, double width, const AmplitudeAxis& scale) {
+void DrawAmplitudeAxis(const AxisDrawing& axis, double width, const AmplitudeAxis& scale) {
   const GraphFrame& frame = axis.Frame;
   DrawAxisTitle(axis, VerticalTitlePlace(frame), "Amplitude (pA)");
   DrawVerticalLine(axis);
@@ -120,13 +120,13 @@ void DrawAmplitudeAxis(AxisDrawing& axis, double width, const AmplitudeAxis& sca
   }
 }
 
-void DrawHorizontalDurationAxis(AxisDrawing& axis, double width, const DurationAxis& scale) {
+void DrawHorizontalDurationAxis(const AxisDrawing& axis, double width, const DurationAxis& scale) {
   DrawAxisTitle(axis, HorizontalTitlePlace(axis.Frame, width), kDurationTitle);
   DrawHorizontalLine(axis);
   DrawDecades(axis, kAcross, width, scale);
 }
 
-void DrawVerticalDurationAxis(AxisDrawing& axis, double width, const DurationAxis& scale) {
+void DrawVerticalDurationAxis(const AxisDrawing& axis, double width, const DurationAxis& scale) {
   DrawAxisTitle(axis, VerticalTitlePlace(axis.Frame), kDurationTitle);
   DrawVerticalLine(axis);
   DrawDecades(axis, kUp, width, scale);

@@ -34,14 +34,14 @@ struct DurationAxis {
 };
 
 /// `TickMarks` counts intervals: there is one more tick than that.
-void DrawValueAxis(AxisDrawing& axis, double width, const ValueAxis& scale);
+void DrawValueAxis(const AxisDrawing& axis, double width, const ValueAxis& scale);
 
 /// `Ticks` counts ticks, the one at the bottom edge included.
-void DrawAmplitudeAxis(AxisDrawing& axis, double width, const AmplitudeAxis& scale);
+void DrawAmplitudeAxis(const AxisDrawing& axis, double width, const AmplitudeAxis& scale);
 
 // A minor tick beyond the end of the plot ends the axis before the number of its decade is written:
 // with ticks the last number is missing where the axis fills the plot.
-void DrawHorizontalDurationAxis(AxisDrawing& axis, double width, const DurationAxis& scale);
-void DrawVerticalDurationAxis(AxisDrawing& axis, double width, const DurationAxis& scale);
+void DrawHorizontalDurationAxis(const AxisDrawing& axis, double width, const DurationAxis& scale);
+void DrawVerticalDurationAxis(const AxisDrawing& axis, double width, const DurationAxis& scale);
 
 }  // namespace ondrel

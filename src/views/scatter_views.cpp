@@ -83,11 +83,11 @@ struct AmplitudeScatterPlot {
   static constexpr ViewKind kView = ViewKind::AmplitudeScatter;
   static constexpr auto kSettings = &Workspace::AmplitudeScatter;
 
-  static void DrawXAxis(AxisDrawing& axis, double width, const AmplitudeScatterSettings& plot,
+  static void DrawXAxis(const AxisDrawing& axis, double width, const AmplitudeScatterSettings& plot,
                         const ScatterLayout& layout) {
     DrawValueAxis(axis, width, ValueAxisOf(plot, layout, plot.TickMarks));
   }
-  static void DrawYAxis(AxisDrawing& axis, double width, const AmplitudeScatterSettings& plot,
+  static void DrawYAxis(const AxisDrawing& axis, double width, const AmplitudeScatterSettings& plot,
                         const ScatterLayout& layout) {
     DrawAmplitudeAxis(axis, width,
                       {.Minimum = plot.AmplitudeMinimum,
@@ -105,11 +105,11 @@ struct DurationScatterPlot {
   static constexpr ViewKind kView = ViewKind::DurationScatter;
   static constexpr auto kSettings = &Workspace::DurationScatter;
 
-  static void DrawXAxis(AxisDrawing& axis, double width, const DurationScatterSettings& plot,
+  static void DrawXAxis(const AxisDrawing& axis, double width, const DurationScatterSettings& plot,
                         const ScatterLayout& layout) {
     DrawValueAxis(axis, width, ValueAxisOf(plot, layout, AtLeastTwo(plot.TickMarks)));
   }
-  static void DrawYAxis(AxisDrawing& axis, double width, const DurationScatterSettings& plot,
+  static void DrawYAxis(const AxisDrawing& axis, double width, const DurationScatterSettings& plot,
                         const ScatterLayout& layout) {
     DrawVerticalDurationAxis(axis, width, DurationAxisOf(plot, layout));
   }
@@ -123,11 +123,11 @@ struct AmplitudeDurationPlot {
   static constexpr ViewKind kView = ViewKind::Scatter;
   static constexpr auto kSettings = &Workspace::Scatter;
 
-  static void DrawXAxis(AxisDrawing& axis, double width, const ScatterSettings& plot,
+  static void DrawXAxis(const AxisDrawing& axis, double width, const ScatterSettings& plot,
                         const ScatterLayout& layout) {
     DrawHorizontalDurationAxis(axis, width, DurationAxisOf(plot, layout));
   }
-  static void DrawYAxis(AxisDrawing& axis, double width, const ScatterSettings& plot,
+  static void DrawYAxis(const AxisDrawing& axis, double width, const ScatterSettings& plot,
                         const ScatterLayout& layout) {
     DrawAmplitudeAxis(axis, width,
                       {.Minimum = plot.Minimum,
@@ -157,12 +157,12 @@ void DrawPlot(Workspace& workspace, const GraphicsSink& sink, const IntRect& rec
   const auto& plot = workspace.*Plot::kSettings;
   const ViewState& view = ViewOf(workspace, Plot::kView);
   const double width = GraphWidth(rect);
-  AxisDrawing axis{.Target = {sink, workspace.Graphics},
-                   .Frame = view.Frame,
-                   .LabelColor = ColorOf(view, PlotColor::Labels),
-                   .AxisColor = ColorOf(view, PlotColor::Axes),
-                   .ShowAxes = plot.ShowAxes,
-                   .ShowLabels = plot.ShowLabels};
+  const AxisDrawing axis{.Target = {sink, workspace.Graphics},
+                         .Frame = view.Frame,
+                         .LabelColor = ColorOf(view, PlotColor::Labels),
+                         .AxisColor = ColorOf(view, PlotColor::Axes),
+                         .ShowAxes = plot.ShowAxes,
+                         .ShowLabels = plot.ShowLabels};
   Plot::DrawXAxis(axis, width, plot, view.Scatter);
   if (HasFailed(axis.Target)) return;
   Plot::DrawYAxis(axis, width, plot, view.Scatter);

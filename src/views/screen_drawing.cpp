@@ -17,7 +17,7 @@ void SetUp(DeviceRecord& device, const DrawingSetUp& setUp) {
   toolkit::SetUpDevice(device);
   if (setUp.Background != nullptr) toolkit::SetBackground(device, *setUp.Background);
   toolkit::SetPenWidth(device, std::max(TruncateToInteger(std::ceil(setUp.PenSize)), 0));
-  toolkit::SetFontHeight(device, setUp.FontHeight);
+  toolkit::SetFontHeight(device, std::max(setUp.FontHeight, 1));
 }
 
 }  // namespace
@@ -34,7 +34,7 @@ void BeginScreenDrawing(Workspace& workspace, const DeviceRecord& device,
                         const RgbColor& background) {
   const double dpi = toolkit::DeviceDpi(device);
   // Multiplied first: a size that is a whole number of device units is to come out as one.
-  const double fontHeight = std::max(workspace.FontSize, 1) * dpi / kPointsPerInch;
+  const double fontHeight = LetterSize(workspace) * dpi / kPointsPerInch;
   BeginDrawing(workspace, device,
                {.FontHeight = TruncateToInteger(fontHeight),
                 .PenSize = workspace.PenSize * dpi / kPointsPerInch,

@@ -38,7 +38,7 @@ bool HasValueScale(const StationaritySettings& plot) {
 // --- Axes ----------------------------------------------------------------------------------------
 
 /// The distances of this view come from its height, `height`, on both axes.
-void DrawTimeAxis(AxisDrawing& axis, double height, const StationaritySettings& plot) {
+void DrawTimeAxis(const AxisDrawing& axis, double height, const StationaritySettings& plot) {
   const GraphFrame& frame = axis.Frame;
   DrawAxisTitle(axis, HorizontalTitlePlace(frame, height), "Time (s)");
   DrawHorizontalLine(axis);
@@ -78,7 +78,7 @@ void ValueText(StationarityType type, double value, char* text) {
   }
 }
 
-void DrawSampleTicks(AxisDrawing& axis, double height, const StationaritySettings& plot) {
+void DrawSampleTicks(const AxisDrawing& axis, double height, const StationaritySettings& plot) {
   const GraphFrame& frame = axis.Frame;
   double value = plot.ValueMin;
   for (std::int32_t k = 0; k < kMostTicks; ++k) {
@@ -92,7 +92,7 @@ void DrawSampleTicks(AxisDrawing& axis, double height, const StationaritySetting
   }
 }
 
-void DrawSampleAxis(AxisDrawing& axis, double height, const StationaritySettings& plot) {
+void DrawSampleAxis(const AxisDrawing& axis, double height, const StationaritySettings& plot) {
   DrawAxisTitle(axis, VerticalTitlePlace(axis.Frame), TitleOf(plot.Type));
   DrawVerticalLine(axis);
   if (HasValueScale(plot)) DrawSampleTicks(axis, height, plot);
@@ -144,12 +144,12 @@ void DrawStationarity(Workspace& workspace, const GraphicsSink& sink, const IntR
   const StationaritySettings& plot = workspace.Stationarity;
   const ViewState& view = ViewOf(workspace, ViewKind::Stationarity);
   const double height = GraphHeight(rect);
-  AxisDrawing axis{.Target = {sink, workspace.Graphics},
-                   .Frame = view.Frame,
-                   .LabelColor = ColorOf(view, PlotColor::Labels),
-                   .AxisColor = ColorOf(view, PlotColor::Axes),
-                   .ShowAxes = plot.ShowAxes,
-                   .ShowLabels = plot.ShowLabels};
+  const AxisDrawing axis{.Target = {sink, workspace.Graphics},
+                         .Frame = view.Frame,
+                         .LabelColor = ColorOf(view, PlotColor::Labels),
+                         .AxisColor = ColorOf(view, PlotColor::Axes),
+                         .ShowAxes = plot.ShowAxes,
+                         .ShowLabels = plot.ShowLabels};
   DrawTimeAxis(axis, height, plot);
   if (HasFailed(axis.Target)) return;
   DrawSampleAxis(axis, height, plot);

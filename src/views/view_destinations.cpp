@@ -9,8 +9,8 @@
 namespace ondrel {
 namespace {
 
-/// What Status is when a metafile could not be made.
-constexpr std::int32_t kNoMetafile = -1;
+/// What Status is without a metafile, or without a device that measures for what is drawn.
+constexpr std::int32_t kNoDevice = -1;
 
 /// Between the lines of the tables that scroll, on paper alone.
 constexpr double kLeadingOnPaper = 0.2;
@@ -19,9 +19,15 @@ DrawingSetUp SizesOfExport(const Workspace& workspace) {
   return {.FontHeight = workspace.DeviceFontSize, .PenSize = workspace.DevicePenSize};
 }
 
-/// The window's layout is in force again: texts are exported by it, and the mouse finds the handles
-/// of terms by it. What the context tells of the drawing that went before stays.
-void PaintAgain(Workspace& workspace, ViewKind kind) {
+/// Has the view drawn by `draw`, with a layout that paint messages leave alone. Then the window's
+/// layout is in force again: texts are exported by it, and the mouse finds the handles of terms by
+/// it. What the context tells of the drawing stays.
+template <typename DrawAll>
+void DrawElsewhere(Workspace& workspace, ViewKind kind, DrawAll draw) {
+  ViewState& view = ViewOf(workspace, kind);
+  view.DrawnElsewhere = true;
+  draw();
+  view.DrawnElsewhere = false;
   const std::int32_t status = workspace.Graphics.Status;
   PaintViewNow(workspace, kind);
   workspace.Graphics.Status = status;
@@ -31,20 +37,31 @@ void PaintAgain(Workspace& workspace, ViewKind kind) {
 
 // --- Documents -----------------------------------------------------------------------------------
 
-std::int32_t DrawViewToFile(Workspace& workspace, ViewKind kind, const GraphicsSink& sink,
-                            const IntRect& rect) {
+namespace {
+
+void DrawInDocument(Workspace& workspace, ViewKind kind, const GraphicsSink& sink,
+                    const IntRect& rect, const DeviceRecord& lent) {
   const ViewKindRecord& facts = FactsOf(kind);
-  DeviceRecord device = toolkit::AcquireMeasuringDevice();
-  const double dpi = toolkit::DeviceDpi(device);
+  const double dpi = toolkit::DeviceDpi(lent);
   const Destination destination{.Sink = sink, .Rect = rect, .Dpi = dpi, .PictureDpi = dpi};
-  BeginDrawing(workspace, device, SizesOfExport(workspace));
+  BeginDrawing(workspace, lent, SizesOfExport(workspace));
   facts.Routines->LayOut(workspace, destination);
   const Drawing drawing{sink, workspace.Graphics};
   if (facts.ClipsInFiles) SetClip(drawing, rect);
   if (!HasFailed(drawing)) facts.Routines->Draw(workspace, destination);
   EndDrawing(workspace);
-  toolkit::ReleaseMeasuringDevice(device);
-  PaintAgain(workspace, kind);
+}
+
+}  // namespace
+
+std::int32_t DrawViewToFile(Workspace& workspace, ViewKind kind, const GraphicsSink& sink,
+                            const IntRect& rect) {
+  DeviceRecord lent = toolkit::AcquireMeasuringDevice();
+  if (lent.Dc == nullptr) return workspace.Graphics.Status = kNoDevice;
+  DrawElsewhere(workspace, kind, [&] {
+    DrawInDocument(workspace, kind, sink, rect, lent);
+    toolkit::ReleaseMeasuringDevice(lent);
+  });
   return workspace.Graphics.Status;
 }
 
@@ -52,10 +69,10 @@ std::int32_t DrawViewToFile(Workspace& workspace, ViewKind kind, const GraphicsS
 
 namespace {
 
-/// Everything is measured before it is drawn on a device that can do that.
-void DrawOnMetafile(Workspace& workspace, ViewKind kind, const DeviceRecord& metafile) {
+/// Everything is measured by `lent`, since the metafile's own device measures nothing.
+void DrawOnMetafile(Workspace& workspace, ViewKind kind, const DeviceRecord& metafile,
+                    const DeviceRecord& lent) {
   const ViewRoutines& view = *FactsOf(kind).Routines;
-  DeviceRecord lent = toolkit::AcquireMeasuringDevice();
   const Destination destination{.Sink = workspace.ScreenSink,
                                 .Rect = workspace.ExportRect,
                                 .Dpi = toolkit::DeviceDpi(lent),
@@ -67,30 +84,43 @@ void DrawOnMetafile(Workspace& workspace, ViewKind kind, const DeviceRecord& met
   DrawClipped(workspace, view, destination);
   TakeBackDevice(workspace);
   EndDrawing(workspace);
-  toolkit::ReleaseMeasuringDevice(lent);
 }
 
-bool TellNoMetafile(Workspace& workspace) {
-  workspace.Graphics.Status = kNoMetafile;
-  return false;
+/// Null when it could not be made.
+toolkit::MetafileHandle MakeMetafile(Workspace& workspace, ViewKind kind) {
+  DeviceRecord lent = toolkit::AcquireMeasuringDevice();
+  if (lent.Dc == nullptr) return {};
+  DeviceRecord device = toolkit::BeginMetafile();
+  if (device.Dc == nullptr) {
+    toolkit::ReleaseMeasuringDevice(lent);
+    return {};
+  }
+  toolkit::MetafileHandle metafile;
+  DrawElsewhere(workspace, kind, [&] {
+    DrawOnMetafile(workspace, kind, device, lent);
+    metafile = toolkit::EndMetafile(device);
+    toolkit::ReleaseMeasuringDevice(lent);
+  });
+  return metafile;
 }
 
 }  // namespace
 
 bool DrawViewToMetafile(Workspace& workspace, ViewKind kind, MetafileRecord* record) {
-  DeviceRecord metafile = toolkit::BeginMetafile();
-  if (metafile.Dc == nullptr) return TellNoMetafile(workspace);
-  DrawOnMetafile(workspace, kind, metafile);
-  record->Picture = toolkit::EndMetafile(metafile);
-  PaintAgain(workspace, kind);
-  if (record->Picture.Handle == nullptr) return TellNoMetafile(workspace);
+  record->Picture = MakeMetafile(workspace, kind);
+  if (record->Picture.Handle == nullptr) {
+    workspace.Graphics.Status = kNoDevice;
+    return false;
+  }
   DescribeMetafile(*record, workspace.ExportRect, workspace.ExportDpi, workspace.Graphics.FileName);
   return true;
 }
 
 // --- Paper ---------------------------------------------------------------------------------------
 
-void DrawViewToPrinter(Workspace& workspace, ViewKind kind, const DeviceRecord& printer) {
+namespace {
+
+void DrawOnPaper(Workspace& workspace, ViewKind kind, const DeviceRecord& printer) {
   const ViewRoutines& view = *FactsOf(kind).Routines;
   Destination destination{.Sink = workspace.ScreenSink,
                           .Rect = workspace.ExportRect,
@@ -109,7 +139,12 @@ void DrawViewToPrinter(Workspace& workspace, ViewKind kind, const DeviceRecord& 
     view.Draw(workspace, destination);
   }
   EndDrawing(workspace);
-  PaintAgain(workspace, kind);
+}
+
+}  // namespace
+
+void DrawViewToPrinter(Workspace& workspace, ViewKind kind, const DeviceRecord& printer) {
+  DrawElsewhere(workspace, kind, [&] { DrawOnPaper(workspace, kind, printer); });
 }
 
 }  // namespace ondrel

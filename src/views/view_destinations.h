@@ -14,7 +14,7 @@
 namespace ondrel {
 
 /// Draws with a file form, into the file that is open in the context. Returns the context's Status:
-/// 0, or the code of the write that failed.
+/// 0, the code of the write that failed, or -1 when there is nothing to measure with.
 std::int32_t DrawViewToFile(Workspace& workspace, ViewKind kind, const GraphicsSink& sink,
                             const IntRect& rect);
 

@@ -79,6 +79,7 @@ struct ViewState {
   ChildWindow* Window = nullptr;  // owned while open; null while closed
   IntRect ViewRect;               // last normal place in the frame; degenerate: none yet
   bool NeedsRebuild = false;      // the picture is stale
+  bool DrawnElsewhere = false;    // its layout is that of a page, a metafile or a document just now
   WindowPlacement Placement = WindowPlacement::Normal;
   std::array<RgbColor, kMaxViewColors> Colors{};
   GraphFrame Frame;

@@ -13,6 +13,14 @@
 namespace ondrel {
 namespace {
 
+void PaintBackground(Workspace& workspace, ViewKind kind, const DeviceRecord& device) {
+  const ViewState& view = ViewOf(workspace, kind);
+  const RgbColor& background = view.Colors[FactsOf(kind).Background];
+  BeginScreenDrawing(workspace, device, background);
+  toolkit::FillArea(workspace.Graphics.Device, toolkit::ClientRect(view.Window), background);
+  EndDrawing(workspace);
+}
+
 // --- The callback table --------------------------------------------------------------------------
 // Each kind has its own functions, since the window layer hands over nothing but the window.
 
@@ -55,18 +63,24 @@ void OnActivate(WindowRecord* window, bool active) {
 template <ViewKind kKind>
 void OnClose(WindowRecord* window) {
   Workspace& workspace = *window->Owner;
+  if (workspace.Printing) return;
   workspace.Menus.InstallDataMenu(workspace.Frame);
   DestroyView(workspace, kKind);
 }
 
 /// A box, or a printer that is busy, lets paint messages through while another drawing is under
-/// way. That one goes on afterwards as if nothing had been.
+/// way. That one goes on afterwards as if nothing had been. A view that is itself drawn elsewhere
+/// keeps the layout it has there: its window stays empty until that is done, and is then painted.
 template <ViewKind kKind>
 void OnPaint(WindowRecord* window, const DeviceRecord& device) {
-  GraphicsContext& context = window->Owner->Graphics;
-  const GraphicsContext underWay = context;
-  FactsOf(kKind).Routines->Paint(window, device);
-  if (underWay.Device.Dc != nullptr) context = underWay;
+  Workspace& workspace = *window->Owner;
+  const GraphicsContext underWay = workspace.Graphics;
+  if (StateOf<kKind>(window).DrawnElsewhere) {
+    PaintBackground(workspace, kKind, device);
+  } else {
+    FactsOf(kKind).Routines->Paint(window, device);
+  }
+  if (underWay.Device.Dc != nullptr) workspace.Graphics = underWay;
 }
 
 /// The table to be scrolled along `axis`; null when this view does not answer.
@@ -234,16 +248,12 @@ void DestroyView(Workspace& workspace, ViewKind kind) {
 }
 
 void RepaintView(Workspace& workspace, ViewKind kind) {
-  ViewState& view = ViewOf(workspace, kind);
+  const ViewState& view = ViewOf(workspace, kind);
   if (view.Window == nullptr) return;
-  const RgbColor& background = view.Colors[FactsOf(kind).Background];
-  const IntRect client = toolkit::ClientRect(view.Window);
   DeviceRecord device = toolkit::AcquireDevice(view.Window);
-  BeginScreenDrawing(workspace, device, background);
-  toolkit::FillArea(workspace.Graphics.Device, client, background);
-  EndDrawing(workspace);
+  PaintBackground(workspace, kind, device);
   toolkit::ReleaseDevice(view.Window, device);
-  toolkit::Invalidate(view.Window, client);
+  toolkit::Invalidate(view.Window, toolkit::ClientRect(view.Window));
 }
 
 void RepaintViewIfStale(Workspace& workspace, ViewKind kind) {

@@ -1,9 +1,9 @@
 #include "workspace/dwell_table_writer.h"
 
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 
+#include "workspace/number_text.h"
 #include "workspace/report.h"
 #include "workspace/row_text.h"
 #include "workspace/workspace.h"
@@ -11,6 +11,8 @@
 
 namespace ondrel {
 namespace {
+
+constexpr int kTimeDigits = 6;  // decimals
 
 /// A run of levels: rows of the LevelTable.
 struct DwellSegment {
@@ -33,10 +35,13 @@ DwellSegment FindSegment(const LevelTable& levels, std::int32_t start) {
   return {start, end};
 }
 
-bool WriteSegmentHead(FrameWindow* frame, OutputFile& file, int number, int dwells) {
-  char text[64];
-  const int length = std::snprintf(text, sizeof text, "Segment: %d\tDwells: %d", number, dwells);
-  return WriteReportedLine(frame, file, {text, static_cast<std::size_t>(length)});
+bool WriteSegmentHead(FrameWindow* frame, OutputFile& file, std::int32_t number,
+                      std::int32_t dwells) {
+  char text[kNumberTextSize];
+  WriteText(file, "Segment: ");
+  WriteText(file, {text, IntegerText(number, text)});
+  WriteText(file, "\tDwells: ");
+  return WriteReportedLine(frame, file, {text, IntegerText(dwells, text)});
 }
 
 bool IsJump(const LevelRecord& first, const LevelRecord& level) {
@@ -46,12 +51,12 @@ bool IsJump(const LevelRecord& first, const LevelRecord& level) {
 bool WriteDwell(FrameWindow* frame, OutputFile& file, RowText& row, const LevelRecord& level) {
   row.Length = 0;
   AppendInteger(row, level.Level);
-  AppendReal(row, level.Duration, 6, 'f');
+  AppendReal(row, level.Duration, kTimeDigits, 'f');
   WriteText(file, "\t");
   return WriteReportedLine(frame, file, TextOf(row));
 }
 
-bool WriteSegment(FrameWindow* frame, OutputFile& file, int number, DwellSegment segment) {
+bool WriteSegment(FrameWindow* frame, OutputFile& file, std::int32_t number, DwellSegment segment) {
   const LevelTable& levels = frame->Owner->Levels;
   if (!WriteSegmentHead(frame, file, number, segment.End - segment.Start)) return false;
   const LevelRecord& first = *levels.Index[segment.Start];
@@ -72,7 +77,7 @@ bool WriteSegment(FrameWindow* frame, OutputFile& file, int number, DwellSegment
 bool SaveDwellTable(FrameWindow* frame, OutputFile& file) {
   const LevelTable& levels = frame->Owner->Levels;
   DwellSegment segment = FindSegment(levels, 0);
-  for (int number = 1; segment.Start < segment.End; ++number) {
+  for (std::int32_t number = 1; segment.Start < segment.End; ++number) {
     if (!WriteSegment(frame, file, number, segment)) return false;
     segment = FindSegment(levels, segment.End);
   }

@@ -125,7 +125,9 @@ bool WriteSegmentBlock(Saving& saving) {
   return good;
 }
 
-/// Sweep numbers are compared with their sign: a file may give 0 and below, and gets them back.
+/// Compared with the sign, since the reader takes sweep numbers of 0 and below. Without it such a
+/// transition would belong to no file at all, and neither it nor what stands behind it would come
+/// back.
 bool BelongsToFile(const Saving& saving, const EventRecord& transition) {
   return std::int64_t{static_cast<std::int32_t>(transition.Sweep)} - 1 < saving.EndSweep;
 }

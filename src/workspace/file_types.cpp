@@ -36,6 +36,7 @@ bool ReadNumber(TextScanner& scanner, double* dest) {
 
 /// Keyword and name, with which the line of every type but Undefined begins.
 RowText BeginHeader(const FileRecord& file) {
+  static_assert(kPathSize <= kNumberTextSize, "a name has room in a field");
   RowText row;
   AppendText(row, FileTypeKeyword(file.Type));
   AppendText(row, file.Name);

@@ -6,11 +6,16 @@
 namespace ondrel {
 namespace {
 
-void Abandon(OutputFile& file, std::int32_t code) {
-  file.Status = code;
-  file.Used = 0;
-  toolkit::CloseFile(file.Handle);
+/// Nothing is open then, and nothing waits. It takes nothing when `code` tells a failure.
+void Reset(OutputFile& file, std::int32_t code) {
   file.Handle = {};
+  file.Used = 0;
+  file.Status = code;
+}
+
+void Abandon(OutputFile& file, std::int32_t code) {
+  toolkit::CloseFile(file.Handle);
+  Reset(file, code);
 }
 
 void WriteGathered(OutputFile& file) {
@@ -22,16 +27,18 @@ void WriteGathered(OutputFile& file) {
 }  // namespace
 
 std::int32_t CreateOutputFile(const char* path, OutputFile& file) {
-  std::int32_t code = toolkit::CreateEmptyFile(path);
-  if (code != 0) return code;
-  code = OpenOutputFile(path, file);
-  if (code != 0) toolkit::RemoveFile(path);
-  return code;
+  const std::int32_t created = toolkit::CreateEmptyFile(path);
+  if (created != 0) {
+    Reset(file, created);
+    return created;
+  }
+  const std::int32_t opened = OpenOutputFile(path, file);
+  if (opened != 0) toolkit::RemoveFile(path);
+  return opened;
 }
 
 std::int32_t OpenOutputFile(const char* path, OutputFile& file) {
-  file.Handle = {};
-  file.Used = 0;
+  Reset(file, 0);
   file.Status = toolkit::OpenFileForWriting(path, &file.Handle);
   return file.Status;
 }

@@ -22,10 +22,11 @@ struct OutputFile {
 
 // Each returns 0, or the platform's code of the first failure since the file was opened.
 
-/// Makes the file anew and opens it. One that cannot be opened is removed again.
+/// Makes the file anew and opens it. One that cannot be opened is removed again: empty, it would
+/// look like the result of an export. After a failure `file` takes nothing.
 [[nodiscard]] std::int32_t CreateOutputFile(const char* path, OutputFile& file);
 
-/// Opens a file that is there, to be written from its start.
+/// Opens a file that is there, to be written from its start. After a failure `file` takes nothing.
 [[nodiscard]] std::int32_t OpenOutputFile(const char* path, OutputFile& file);
 
 /// Writes `text` and a line end. On a failed write the file is closed; what came later than the

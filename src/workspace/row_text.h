@@ -11,8 +11,8 @@
 
 namespace ondrel {
 
-/// Every row that is written has at most this many fields: one for each term of a fit, the sum, and
-/// two before them, are the most.
+/// Room for more fields than any row has. The widest has 13: the row of a histogram, with the place
+/// of the bin, its count, the sum of a fit and its 10 terms.
 inline constexpr std::size_t kMostRowFields = 16;
 
 struct RowText {

@@ -75,12 +75,18 @@ struct Workspace {
   IntRect FrameRect;             // last normal place of the frame; degenerate: none yet
   WindowPlacement FrameShow = WindowPlacement::Normal;
   bool Closing = false;
+  bool Printing = false;  // a page is under way: nothing may change what it shows, or close it
   MenuOperations Menus{};
   std::int32_t ViewMenu = 0;  // resource of the view's popup in the menu bar; 0: none stands there
 
   IntRect ExportRect;
   double ExportDpi = 0.0;
 };
+
+/// `FontSize` as a size that letters can have: a preference file holds any number.
+inline std::int32_t LetterSize(const Workspace& workspace) {
+  return workspace.FontSize > 0 ? workspace.FontSize : 1;
+}
 
 inline ViewState& ViewOf(Workspace& workspace, ViewKind kind) {
   return workspace.Views[static_cast<std::size_t>(kind)];

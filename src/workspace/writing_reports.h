@@ -1,4 +1,4 @@
-// What the user is told when a table cannot be written.
+// What the user is told when a file cannot be written.
 #pragma once
 
 #include <string_view>

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <string>
 
@@ -36,6 +37,13 @@ TEST_F(DocumentLinesTest, PiecesMakeOneLine) {
   PutReal(context(), 2.5, 1);
   PutLine(context(), " b");
   EXPECT_THAT(Lines(), ElementsAre("a -12 2.5 b"));
+}
+
+TEST_F(DocumentLinesTest, APlaceThatIsNoFiniteNumberIsZero) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  PutPoint(context(), std::nan(""), 2.5, " m");
+  PutPoint(context(), -infinity, infinity, " l");
+  EXPECT_THAT(Lines(), ElementsAre("0.000 2.500 m", "0.000 0.000 l"));
 }
 
 TEST_F(DocumentLinesTest, ACoordinatePairHasThreeDecimalsAndTheSuffixBehindIt) {

@@ -27,8 +27,8 @@ constexpr char kWritingFailed[] =
 using Header = std::array<std::uint8_t, kPlaceableHeaderSize>;
 
 std::uint32_t WordAt(const Header& header, std::size_t offset) {
-  return static_cast<std::uint32_t>(header[offset]) |
-         static_cast<std::uint32_t>(header[offset + 1]) << 8;
+  return static_cast<std::uint32_t>(header[offset]) | static_cast<std::uint32_t>(header[offset + 1])
+                                                          << 8;
 }
 
 MetafileRecord Described(const IntRect& frame, double dpi, const char* name) {
@@ -41,9 +41,8 @@ MetafileRecord Described(const IntRect& frame, double dpi, const char* name) {
 TEST(PlaceableHeaderTest, AHeaderOfAFileIsTheseTwentyTwoBytes) {
   const MetafileRecord record = Described({1, 2, 0x1234, 0x0567}, 600.0, "a.wmf");
   // The last word: CDD7 ^ 9AC6 ^ 0 ^ 1 ^ 2 ^ 1234 ^ 0567 ^ 0258 ^ 0 ^ 0 = 4219.
-  EXPECT_THAT(record.Header,
-              ElementsAre(0xD7, 0xCD, 0xC6, 0x9A, 0, 0, 1, 0, 2, 0, 0x34, 0x12, 0x67, 0x05, 0x58,
-                          0x02, 0, 0, 0, 0, 0x19, 0x42));
+  EXPECT_THAT(record.Header, ElementsAre(0xD7, 0xCD, 0xC6, 0x9A, 0, 0, 1, 0, 2, 0, 0x34, 0x12, 0x67,
+                                         0x05, 0x58, 0x02, 0, 0, 0, 0, 0x19, 0x42));
 }
 
 TEST(PlaceableHeaderTest, AllElevenWordsCancelOut) {
@@ -85,7 +84,10 @@ TEST(PlaceableHeaderTest, TheRecordKeepsFrameAndName) {
 class WriteMetafileTest : public ShellTest {
  protected:
   WriteMetafileTest()
-      : path_((std::filesystem::path(::testing::TempDir()) / "placeable.wmf").string()) {
+      : path_((std::filesystem::path(::testing::TempDir()) /
+               (std::string("placeable_") +
+                ::testing::UnitTest::GetInstance()->current_test_info()->name()))
+                  .string()) {
     std::filesystem::remove(path_);
   }
   ~WriteMetafileTest() override { std::filesystem::remove(path_); }
@@ -166,6 +168,13 @@ TEST_F(WriteMetafileTest, WithoutMemoryForThePictureTheHeaderStaysAlone) {
 
 TEST_F(WriteMetafileTest, APictureThatGivesNoBytesIsAFailureOfWriting) {
   shell().CopyMetafile = {.Next = 1};
+  EXPECT_FALSE(Write());
+  EXPECT_THAT(Messages(), ElementsAre(kWritingFailed));
+  EXPECT_EQ(OnDisk(), header_);
+}
+
+TEST_F(WriteMetafileTest, APictureWithoutBytesIsAFailureOfWriting) {
+  shell().NoMetafileBytes = true;
   EXPECT_FALSE(Write());
   EXPECT_THAT(Messages(), ElementsAre(kWritingFailed));
   EXPECT_EQ(OnDisk(), header_);

@@ -65,7 +65,7 @@ class TextTest : public ViewTest {
     OutputFile file;
     EXPECT_EQ(toolkit::CreateEmptyFile(path_.c_str()), 0);
     EXPECT_EQ(OpenOutputFile(path_.c_str(), file), 0);
-    EXPECT_EQ(TextExportOf(kind).WriteRows(workspace(), file), 0);
+    WriteTextRows(workspace(), kind, file);
     EXPECT_EQ(CloseOutputFile(file), 0);
     return OnDisk();
   }

@@ -3,12 +3,15 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cmath>
 
+#include "derived/statistics.h"
 #include "output/text_fixture.h"
 
 namespace ondrel {
 namespace {
 
+using ::testing::AnyOf;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -46,7 +49,7 @@ class TextRowsTest : public TextTest {
 
   void ExpectNumbers(const std::vector<int>& expected) {
     for (const ViewKind kind : kTables) {
-      EXPECT_EQ(NumbersOf(kind), expected) << TextExportOf(kind).Title;
+      EXPECT_EQ(NumbersOf(kind), expected) << FactsOf(kind).Title;
     }
   }
 };
@@ -79,7 +82,8 @@ TEST_P(EachViewsRowsTest, StopAtTheFirstFailedWrite) {
   ASSERT_EQ(OpenOutputFile(Path().c_str(), file), 0);
   WriteText(file, std::string(file.Gathered.size() - 1, 'x'));
   shell().Write.Next = 1;
-  EXPECT_NE(TextExportOf(GetParam()).WriteRows(workspace(), file), 0);
+  WriteTextRows(workspace(), GetParam(), file);
+  EXPECT_NE(file.Status, 0);
   EXPECT_EQ(shell().OpenFiles, 0);
   EXPECT_EQ(OnDisk(), "");
   EXPECT_THAT(Messages(), IsEmpty()) << "telling is the export's part";
@@ -106,7 +110,8 @@ TEST_F(TextRowsTest, NoRecordBehindAFailedWriteIsLookedAt) {
     ASSERT_EQ(OpenOutputFile(Path().c_str(), file), 0);
     WriteText(file, std::string(file.Gathered.size() - 1, 'x'));
     shell().Write.Next = 1;
-    EXPECT_NE(TextExportOf(kind).WriteRows(workspace(), file), 0);
+    WriteTextRows(workspace(), kind, file);
+    EXPECT_NE(file.Status, 0);
   }
 }
 
@@ -199,11 +204,30 @@ TEST_F(TextRowsTest, NumbersThatFitNoWindowOfTheProgramAreWrittenWhole) {
 // --- Statistics ----------------------------------------------------------------------------------
 
 TEST_F(TextRowsTest, AStatisticsRowWithoutEventsSaysNotANumberInItsMeans) {
-  const double none = std::numeric_limits<double>::quiet_NaN();
-  FillStatistics({{5, 0, none, 0.0, 0.0, 0.0, none, 0.0, 0.0, 0.0, 0.0}}, 0);
-  EXPECT_THAT(LinesOf(ViewKind::Statistics),
-              ElementsAre("5\t0\t0.0000\tnan\t0.000000\t0.000000\t0.000000\tNAN\t0.0000000E+00\t"
-                          "0.0000000E+00\t0.0000000E+00"));
+  FillLevels(2, [](LevelRecord& level, std::int32_t row) {
+    level = {};
+    level.Amplitude = 2e-12 * (row + 1);
+    level.Duration = 0.25 * (row + 1);
+    level.Level = 2 * row;
+  });
+  workspace().Statistics.Reference = StatisticsReference::Levels;
+  CalculateStatistics(workspace());
+  ASSERT_EQ(workspace().Statistics.RowCount, 3);
+  const StatisticsRow& between = workspace().Statistics.Rows[1];
+  ASSERT_TRUE(std::isnan(between.DurationMean));
+  ASSERT_TRUE(std::isnan(between.AmplitudeMean));
+  // A quotient of zeroes has a sign, and the text shows it.
+  EXPECT_THAT(
+      LinesOf(ViewKind::Statistics),
+      ElementsAre("0\t1\t0.3333\t0.250000\t0.000000\t0.250000\t0.250000\t2.0000000E-12\t"
+                  "0.0000000E+00\t2.0000000E-12\t2.0000000E-12",
+                  "1\t0\t0.0000\t" + Fixed(between.DurationMean) +
+                      "\t0.000000\t0.000000\t0.000000\t" + Scientific(between.AmplitudeMean) +
+                      "\t0.0000000E+00\t0.0000000E+00\t0.0000000E+00",
+                  "2\t1\t0.6667\t0.500000\t0.000000\t0.500000\t0.500000\t4.0000000E-12\t"
+                  "0.0000000E+00\t4.0000000E-12\t4.0000000E-12"));
+  EXPECT_THAT(Fixed(between.DurationMean), AnyOf("nan", "-nan"));
+  EXPECT_THAT(Scientific(between.AmplitudeMean), AnyOf("NAN", "-NAN"));
 }
 
 TEST_F(TextRowsTest, WithoutSelectedLevelsTheStatisticsAreThoseOfTheLastRunThatHadSome) {

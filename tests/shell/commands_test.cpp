@@ -198,6 +198,21 @@ TEST_F(ViewMenuCommandsTest, TheyActOnceAViewIsActive) {
   });
 }
 
+TEST_F(CommandsTest, WhileAPageIsPrintedNoCommandIsTakenAndTheFrameStays) {
+  Run([&] {
+    workspace().Printing = true;
+    Choose(command::kAboutKey);
+    Choose(command::kExit);
+    Frame()->Callbacks->Closing(Frame());
+    EXPECT_TRUE(Messages().size() <= 1) << "the welcome alone";
+    EXPECT_FALSE(shell().Quit);
+    workspace().Printing = false;
+    const std::size_t before = Messages().size();
+    Choose(command::kAboutKey);
+    EXPECT_EQ(Messages().size(), before + 1);
+  });
+}
+
 TEST_F(CommandsTest, EveryCommandOfTheProgramStandsInAMenuOrBehindAKey) {
   constexpr CommandId kBehindKeys[] = {command::kAboutKey, command::kCopy};
   for (int id = 0; id <= 0xFFFF; ++id) {

@@ -27,7 +27,10 @@ class PictureCommandTest : public DestinationsTest {
   static constexpr int kResolution = 11;
 
   PictureCommandTest()
-      : path_((std::filesystem::path(::testing::TempDir()) / "picture.out").string()) {
+      : path_((std::filesystem::path(::testing::TempDir()) /
+               (std::string("picture_") +
+                ::testing::UnitTest::GetInstance()->current_test_info()->name()))
+                  .string()) {
     std::filesystem::remove(path_);
     workspace().ScreenDpi = 96.0;
     workspace().ExportDpi = 0.0;
@@ -37,9 +40,10 @@ class PictureCommandTest : public DestinationsTest {
   }
   ~PictureCommandTest() override { std::filesystem::remove(path_); }
 
+  /// 576 by 576 device units on a screen of 96 dots per inch, 432 points.
   struct Entries {
-    const char* Height = "25.4";
-    const char* Width = "25.4";
+    const char* Height = "15.24";
+    const char* Width = "15.24";
     const char* Resolution = "96";
   };
 
@@ -57,9 +61,6 @@ class PictureCommandTest : public DestinationsTest {
     shell().FileChoices.clear();
   }
   void Export(ExportChoice form) { Export(form, Entries{}); }
-
-  /// 25.4 cm on a screen of 96 dots per inch.
-  static constexpr IntRect kExported = {0, 0, 960, 960};
 
   bool Exists() const { return std::filesystem::exists(path_); }
   std::string OnDisk() const {

@@ -122,6 +122,18 @@ TEST_F(PrintCommandTest, WhileItGoesOnTheFrameIsDisabledAndTheDialogIsThere) {
   EXPECT_TRUE(FrameIsEnabled());
 }
 
+TEST_F(PrintCommandTest, WhileItGoesOnNoViewCloses) {
+  ChildWindow* window = Open(ViewKind::Level);
+  shell().Printer.WhileBusy = [&] {
+    EXPECT_TRUE(workspace().Printing);
+    window->Callbacks->Close(window);
+  };
+  Print();
+  EXPECT_EQ(View(ViewKind::Level).Window, window);
+  EXPECT_FALSE(workspace().Printing);
+  EXPECT_THAT(Messages(), IsEmpty());
+}
+
 TEST_F(PrintCommandTest, OnlyTheButtonOfTheDialogStops) {
   Open(ViewKind::Level);
   shell().Printer.WhileBusy = [] { scripted::DialogBeside()->Press(1); };
@@ -188,6 +200,12 @@ TEST_F(PageGeometryTest, OnThreeHundredDotsPerInchEverythingIsThreeTimesAndAnEig
   EXPECT_DOUBLE_EQ(workspace().DevicePenSize, 0.25 * 300.0 / 72.0);
   EXPECT_EQ(workspace().ExportDpi, 300.0);
   EXPECT_EQ(workspace().ExportRect, (IntRect{0, 0, 1250, 940}));  // 301 * 3.125 = 940.6
+}
+
+TEST_F(PageGeometryTest, LettersOfNoSizeCountAsTheSmallestOnes) {
+  workspace().FontSize = 0;
+  PrintAt(300.0);
+  EXPECT_EQ(workspace().DeviceFontSize, 4);  // 1 * 300 / 72 = 4.17
 }
 
 TEST_F(PageGeometryTest, OnNinetySixDotsPerInchThePageIsTheWindow) {

@@ -18,6 +18,18 @@ constexpr int kRows = 1000;  // of events and of levels, half of them in either 
 
 class SaveCommandsTest : public SavingTest {
  protected:
+  SaveCommandsTest() { WatchBoxes(); }
+
+  /// A user who is told of a failed write may take the disk out or delete the file at once. The
+  /// other two failures are told amid the lines of a file that can still be written to.
+  void WatchBoxes() {
+    shell().WhileBoxStands = [&](FrameWindow*) {
+      const std::string& told = shell().Boxes.back().Text;
+      if (told == kJump || told == kNoMemoryForLine) return;
+      EXPECT_EQ(shell().OpenFiles, 0) << "the file is closed before the message";
+    };
+  }
+
   void SaveEvents() {
     shell().FileChoices.push_back(Path());
     SaveEventsCommand(Frame());

@@ -96,6 +96,7 @@ void ReleaseDevice(ChildWindow*, DeviceRecord& device) {
 }
 
 DeviceRecord AcquireMeasuringDevice() {
+  if (TheShell().MeasuringDevice.Strikes()) return {};
   return MakeDevice(DeviceKind::Measuring, TheShell().DeviceDpi);
 }
 void ReleaseMeasuringDevice(DeviceRecord& device) {
@@ -198,6 +199,7 @@ void DrawTextHere(DeviceRecord& device, const char* text) {
 }
 
 void ClipTo(DeviceRecord& device, const IntRect& rect) {
+  if (DeviceOf(device).Kind == DeviceKind::Metafile) return;  // it tells that it cannot clip
   Draw(device, [&] { return "clip " + Text(rect); });
 }
 void RemoveClip(DeviceRecord& device) {

@@ -1,7 +1,6 @@
-// Files, texts and boxes of the scripted shell.
+// Files of the scripted shell.
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <system_error>
 
@@ -21,29 +20,7 @@ constexpr std::int32_t kNoAccess = 5;
 constexpr std::int32_t kReadFault = 23;
 constexpr std::int32_t kDiskFull = 112;
 
-struct TextRow {
-  int Id;
-  const char* Text;
-};
-
-constexpr TextRow kTexts[] = {
-#define ONDREL_TEXT(id, text) {id, text},
-#include "resources/strings.inc"
-#undef ONDREL_TEXT
-};
-
-void CopyText(const char* text, char* buffer, std::size_t size) {
-  std::snprintf(buffer, size, "%s", text);
-}
-
 }  // namespace
-
-void LoadText(int id, char* buffer, std::size_t size) {
-  CopyText("", buffer, size);
-  for (const TextRow& row : kTexts) {
-    if (row.Id == id) CopyText(row.Text, buffer, size);
-  }
-}
 
 std::int32_t OpenFileForReading(const char* path, FileHandle* file) {
   if (TheShell().Open.Strikes()) return kNoAccess;
@@ -113,37 +90,8 @@ std::int32_t FindUserFile(const char* folder, const char* name, char* path) {
   std::error_code failure;
   std::filesystem::create_directory(place, failure);
   if (failure) return kNoAccess;
-  CopyText((place / name).string().c_str(), path, kPathSize);
+  std::snprintf(path, kPathSize, "%s", (place / name).string().c_str());
   return 0;
-}
-
-BoxAnswer ShowBox(FrameWindow* frame, const char* text, BoxButtons buttons, BoxIcon icon,
-                  int defaultButton) {
-  TheShell().Boxes.push_back({text, buttons, icon, defaultButton, frame});
-  if (TheShell().WhileBoxStands) TheShell().WhileBoxStands(frame);
-  if (TheShell().Answers.empty()) return BoxAnswer::Yes;
-  const BoxAnswer answer = TheShell().Answers.front();
-  TheShell().Answers.pop_front();
-  return answer;
-}
-
-bool AskFile(FrameWindow*, FileDialogMode mode, const char* title, const char* defaultName,
-             char* path) {
-  TheShell().FileDialogs.push_back({mode, title, defaultName});
-  if (TheShell().FileChoices.empty()) return false;
-  const std::string choice = TheShell().FileChoices.front();
-  TheShell().FileChoices.pop_front();
-  if (choice.empty()) return false;
-  CopyText(choice.c_str(), path, kPathSize);
-  return true;
-}
-
-bool AskColor(FrameWindow*, const char* label, RgbColor* color) {
-  TheShell().ColorLabels.push_back(label);
-  if (TheShell().ColorChoices.empty()) return false;
-  *color = TheShell().ColorChoices.front();
-  TheShell().ColorChoices.pop_front();
-  return true;
 }
 
 }  // namespace ondrel::toolkit

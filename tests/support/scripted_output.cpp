@@ -90,13 +90,13 @@ MetafileHandle EndMetafile(DeviceRecord& device) {
 }
 
 std::size_t MetafileSize(MetafileHandle metafile) {
-  return MetafileBytes(MetafileOf(metafile).Lines).size();
+  return TheShell().NoMetafileBytes ? 0 : MetafileBytes(MetafileOf(metafile).Lines).size();
 }
 
 bool CopyMetafile(MetafileHandle metafile, void* bytes, std::size_t size) {
+  if (TheShell().CopyMetafile.Strikes() || size != MetafileSize(metafile)) return false;
   const std::string all = MetafileBytes(MetafileOf(metafile).Lines);
-  if (TheShell().CopyMetafile.Strikes() || size != all.size()) return false;
-  std::memcpy(bytes, all.data(), size);
+  if (size > 0) std::memcpy(bytes, all.data(), size);
   return true;
 }
 

@@ -183,9 +183,11 @@ struct Shell {
   Fault CreateFrame;
   Fault CreateChild;
   Fault OpenDialogBeside;
+  Fault MeasuringDevice;
   Fault BeginMetafile;
   Fault EndMetafile;  // the device is gone all the same
   Fault CopyMetafile;
+  bool NoMetafileBytes = false;    // as of a metafile that the platform cannot read back
   Fault DeleteMetafile;            // the metafile is gone all the same
   std::int32_t MetafileError = 6;  // the code of a metafile that cannot be deleted
   Fault OpenClipboard;

@@ -33,7 +33,7 @@ class AxisDrawingTest : public ViewTest {
   }
 };
 
-TEST_F(AxisDrawingTest, AColourIsSetWhereItChangesAlone) {
+TEST_F(AxisDrawingTest, EachLineAndTextHasItsColourSetBeforeIt) {
   AxisDrawing axis = Axis();
   DrawAxisLine(axis, 1, 2, 3, 4);
   DrawAxisLine(axis, 5, 6, 7, 8);
@@ -41,8 +41,9 @@ TEST_F(AxisDrawingTest, AColourIsSetWhereItChangesAlone) {
   DrawAxisTitle(axis, {30, 40}, "Counts");
   DrawAxisLine(axis, 9, 9, 9, 9);
   EXPECT_THAT(recording::Lines(),
-              ElementsAre("color K 4 0 0", "line 1 2 3 4", "line 5 6 7 8", "color k 3 0 0",
-                          "right 10 20 7", "left 30 40 Counts", "color K 4 0 0", "line 9 9 9 9"));
+              ElementsAre("color K 4 0 0", "line 1 2 3 4", "color K 4 0 0", "line 5 6 7 8",
+                          "color k 3 0 0", "right 10 20 7", "color k 3 0 0", "left 30 40 Counts",
+                          "color K 4 0 0", "line 9 9 9 9"));
 }
 
 TEST_F(AxisDrawingTest, ANumberBeginsEndsOrHasItsMiddleAtItsPlace) {
@@ -50,8 +51,8 @@ TEST_F(AxisDrawingTest, ANumberBeginsEndsOrHasItsMiddleAtItsPlace) {
   DrawNumberFrom(axis, 10, 20, "12");
   DrawNumberUpTo(axis, 10, 20, "12");
   DrawNumberAt(axis, 10, 20, "12");  // a letter is 5 wide
-  EXPECT_THAT(recording::Lines(),
-              ElementsAre("color k 3 0 0", "left 10 20 12", "right 10 20 12", "left 5 20 12"));
+  EXPECT_THAT(recording::Lines(), ElementsAre("color k 3 0 0", "left 10 20 12", "color k 3 0 0",
+                                              "right 10 20 12", "color k 3 0 0", "left 5 20 12"));
 }
 
 TEST_F(AxisDrawingTest, WhatIsSwitchedOffIsNotDrawnAndSetsNoColour) {

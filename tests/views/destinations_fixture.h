@@ -82,6 +82,13 @@ class DestinationsTest : public ViewTest {
     return lines;
   }
 
+  using Way = std::vector<std::string> (DestinationsTest::*)(ViewKind);
+
+  /// All three.
+  static std::vector<Way> AllWays() {
+    return {&DestinationsTest::ToFile, &DestinationsTest::ToMetafile, &DestinationsTest::ToPaper};
+  }
+
   static std::vector<std::string> LinesOf(const MetafileRecord& record) {
     std::string bytes(toolkit::MetafileSize(record.Picture), ' ');
     EXPECT_TRUE(toolkit::CopyMetafile(record.Picture, bytes.data(), bytes.size()));

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "support/axis_parts.h"
 #include "views/scatter_view_fixture.h"
 
 namespace ondrel {
@@ -24,20 +25,13 @@ TEST_F(ScatterViewTest, AmplitudesAgainstValuesAreTwoLinearAxesAndDots) {
   byAmplitude().AmplitudeTicks = 2;
   byAmplitude().AmplitudeMinimum = -1e-12;
   SetDwells({{0.0, 0.5, 1e-3}});
-  EXPECT_THAT(Draw(ViewKind::AmplitudeScatter),
-              ElementsAre("color k 2 0 0", "left 650 1650 Level Tag Value",          //
-                          "color K 3 0 0", "line 230 1410 1490 1410",                //
-                          "line 230 1410 230 1445", "color k 2 0 0",                 //
-                          "left 230 1522 -5.00",                                     //
-                          "color K 3 0 0", "line 1490 1410 1490 1445",               //
-                          "color k 2 0 0", "left 1490 1522 5.00",                    //
-                          "left 115 174 Amplitude (pA)",                             //
-                          "color K 3 0 0", "line 230 290 230 1410",                  //
-                          "line 230 1410 195 1410", "color k 2 0 0",                 //
-                          "right 182 1410 -1.0",                                     //
-                          "color K 3 0 0", "line 230 850 195 850", "color k 2 0 0",  //
-                          "right 182 850 0.0",                                       //
-                          "color k 1 0 0", "dot y 570 x 860 size 4"));
+  EXPECT_EQ(
+      Draw(ViewKind::AmplitudeScatter),
+      PlotParts({"left 650 1650 Level Tag Value", "line 230 1410 1490 1410",
+                 "line 230 1410 230 1445", "left 230 1522 -5.00", "line 1490 1410 1490 1445",
+                 "left 1490 1522 5.00", "left 115 174 Amplitude (pA)", "line 230 290 230 1410",
+                 "line 230 1410 195 1410", "right 182 1410 -1.0", "line 230 850 195 850",
+                 "right 182 850 0.0", "color k 1 0 0", "dot y 570 x 860 size 4"}));
 }
 
 TEST_F(ScatterViewTest, DurationsAgainstValuesAreALinearAndALogarithmicAxisAndDots) {
@@ -47,22 +41,15 @@ TEST_F(ScatterViewTest, DurationsAgainstValuesAreALinearAndALogarithmicAxisAndDo
   byDuration().TicksPerDecade = 3;
   FillSweeps(1, [](SweepRecord& sweep, std::int32_t) { sweep.RelevantValue = 2.5; });
   SetDwells({{-100.0, 0.0, 1e-4}});
-  EXPECT_THAT(Draw(ViewKind::DurationScatter),
-              ElementsAre("color k 2 0 0", "left 650 1650 Sweep Relevant Value",         //
-                          "color K 3 0 0", "line 230 1410 1490 1410",                    //
-                          "line 230 1410 230 1445", "color k 2 0 0",                     //
-                          "left 230 1522 -5.00",                                         //
-                          "color K 3 0 0", "line 860 1410 860 1445",                     //
-                          "color k 2 0 0", "left 860 1522 5.00",                         //
-                          "color K 3 0 0", "line 1490 1410 1490 1445",                   //
-                          "color k 2 0 0", "left 1490 1522 15.00",                       //
-                          "left 115 174 log Duration (s)",                               //
-                          "color K 3 0 0", "line 230 290 230 1410",                      //
-                          "line 230 1410 195 1410", "line 230 850 207.6 850",            //
-                          "line 230 522.421 207.6 522.421",                              //
-                          "line 230 290 207.6 290", "color k 2 0 0",                     //
-                          "right 182 1410 -5", "color K 3 0 0", "line 230 290 195 290",  //
-                          "color k 1 0 0", "dot y 290 x 702.5 size 4"));
+  EXPECT_EQ(
+      Draw(ViewKind::DurationScatter),
+      PlotParts({"left 650 1650 Sweep Relevant Value", "line 230 1410 1490 1410",
+                 "line 230 1410 230 1445", "left 230 1522 -5.00", "line 860 1410 860 1445",
+                 "left 860 1522 5.00", "line 1490 1410 1490 1445", "left 1490 1522 15.00",
+                 "left 115 174 log Duration (s)", "line 230 290 230 1410", "line 230 1410 195 1410",
+                 "line 230 850 207.6 850", "line 230 522.421 207.6 522.421",
+                 "line 230 290 207.6 290", "right 182 1410 -5", "line 230 290 195 290",
+                 "color k 1 0 0", "dot y 290 x 702.5 size 4"}));
 }
 
 TEST_F(ScatterViewTest, AmplitudesAgainstDurationsAreALogarithmicAndALinearAxisAndDots) {
@@ -71,18 +58,13 @@ TEST_F(ScatterViewTest, AmplitudesAgainstDurationsAreALogarithmicAndALinearAxisA
   byBoth().Ticks = 1;
   byBoth().PaPerTick = 2.0;
   SetDwells({{-100.0, 1.0, 1e-5}});
-  EXPECT_THAT(Draw(ViewKind::Scatter),
-              ElementsAre("color k 2 0 0", "left 650 1650 log Duration (s)",                //
-                          "color K 3 0 0", "line 230 1410 1490 1410",                       //
-                          "line 230 1410 230 1445", "line 230 1410 230 1432.4",             //
-                          "color k 2 0 0", "left 230 1522 -5",                              //
-                          "color K 3 0 0", "line 1490 1410 1490 1445",                      //
-                          "line 1490 1410 1490 1432.4", "color k 2 0 0",                    //
-                          "left 1490 1522 -4",                                              //
-                          "left 115 174 Amplitude (pA)",                                    //
-                          "color K 3 0 0", "line 230 290 230 1410",                         //
-                          "line 230 1410 195 1410", "color k 2 0 0", "right 182 1410 0.0",  //
-                          "color k 1 0 0", "dot y 850 x 230 size 4"));
+  EXPECT_EQ(
+      Draw(ViewKind::Scatter),
+      PlotParts({"left 650 1650 log Duration (s)", "line 230 1410 1490 1410",
+                 "line 230 1410 230 1445", "line 230 1410 230 1432.4", "left 230 1522 -5",
+                 "line 1490 1410 1490 1445", "line 1490 1410 1490 1432.4", "left 1490 1522 -4",
+                 "left 115 174 Amplitude (pA)", "line 230 290 230 1410", "line 230 1410 195 1410",
+                 "right 182 1410 0.0", "color k 1 0 0", "dot y 850 x 230 size 4"}));
 }
 
 TEST_F(ScatterViewTest, EachPlotTakesItsOwnSettings) {
@@ -225,12 +207,14 @@ TEST_F(ScatterViewTest, AxesAndLabelsAreShownApart) {
     SetShown(true, false);
     Draw(kind);
     EXPECT_THAT(LinesOf({"left", "right", "color k 2"}), IsEmpty());
-    EXPECT_THAT(LinesOf({"color"}), ElementsAre("color K 3 0 0", "color k 1 0 0"));
+    EXPECT_EQ(CountLines("color K 3"), CountLines("line"));
+    EXPECT_EQ(CountLines("color"), CountLines("line") + 1);
     EXPECT_THAT(LinesOf({"dot"}), SizeIs(1));
     SetShown(false, true);
     Draw(kind);
     EXPECT_THAT(LinesOf({"line", "color K"}), IsEmpty());
-    EXPECT_THAT(LinesOf({"color"}), ElementsAre("color k 2 0 0", "color k 1 0 0"));
+    EXPECT_EQ(CountLines("color k 2"), CountLines("left") + CountLines("right"));
+    EXPECT_EQ(CountLines("color"), CountLines("color k 2") + 1);
     EXPECT_GT(CountLines("right"), 2);
   }
 }

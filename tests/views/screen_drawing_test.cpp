@@ -128,6 +128,40 @@ TEST_F(ScreenDrawingTest, AtTheEndNothingIsLeftSelectedAndTheContextHasNoDevice)
   EXPECT_EQ(left.Brush, nullptr);
 }
 
+// --- Elsewhere than on the screen ----------------------------------------------------------------
+
+TEST_F(ScreenDrawingTest, ElsewhereSizesAreTakenAsTheyAreAndThereIsNoBackground) {
+  workspace().Graphics.Status = recording::kFullDisk;
+  BeginDrawing(workspace(), device_, {.FontHeight = 40, .PenSize = 2.5});
+  EXPECT_THAT(Drawn(), ElementsAre("pen width 3"));
+  EXPECT_EQ(MeasureLine(workspace()).Height, 40);
+  EXPECT_EQ(workspace().Graphics.Device.Dc, device_.Dc);
+  EXPECT_EQ(workspace().Graphics.Status, 0);
+  End();
+}
+
+TEST_F(ScreenDrawingTest, WhatIsMeasuredIsMeasuredOnTheDeviceThatIsLent) {
+  BeginDrawing(workspace(), device_, {.FontHeight = 40});
+  EXPECT_EQ(MeasuringDevice(workspace().Graphics).Dc, device_.Dc);
+  DeviceRecord lent = toolkit::AcquireMeasuringDevice();
+  LendDevice(workspace(), lent, {.FontHeight = 20});
+  EXPECT_EQ(MeasuringDevice(workspace().Graphics).Dc, lent.Dc);
+  EXPECT_EQ(workspace().Graphics.Device.Dc, device_.Dc) << "on which is drawn";
+  EXPECT_EQ(MeasureLine(workspace()).Height, 20);
+  TakeBackDevice(workspace());
+  EXPECT_EQ(MeasuringDevice(workspace().Graphics).Dc, device_.Dc);
+  EXPECT_EQ(MeasureLine(workspace()).Height, 40);
+  End();
+  toolkit::ReleaseMeasuringDevice(lent);
+}
+
+TEST_F(ScreenDrawingTest, ADrawingThatBeginsHasNoDeviceLentYet) {
+  workspace().Graphics.Lent.Dc = &device_;  // of a drawing that this one interrupts
+  Begin();
+  EXPECT_EQ(MeasuringDevice(workspace().Graphics).Dc, device_.Dc);
+  End();
+}
+
 TEST_F(ScreenDrawingTest, OnTheScreenMeansTheScreensSinkAndTheContextOfTheWorkspace) {
   const Drawing drawing = OnScreen(workspace());
   EXPECT_EQ(&drawing.Sink, &workspace().ScreenSink);

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/axis_parts.h"
 #include "views/stationarity_view_fixture.h"
 
 namespace ondrel {
@@ -71,24 +72,27 @@ TEST_F(StationarityViewTest, WithoutASelectedSweepAnEmptyPlotIsLaidOut) {
 TEST_F(StationarityViewTest, ThePlotIsTimeAxisThenValueAxisThenCurve) {
   UseSamples({-1.0, 0.5, 0.0});
   Draw();
-  EXPECT_THAT(Lines(), ElementsAre("color k 2 0 0", "left 1875 1650 Time (s)",  //
-                                   "color K 3 0 0", "line 720 1410 4185 1410",  //
-                                   "line 720 1410 720 1445",                // three ticks of 1600
-                                   "color k 2 0 0", "left 720 1522 0.000",  //
-                                   "color K 3 0 0", "line 2320 1410 2320 1445",  //
-                                   "color k 2 0 0", "left 2320 1522 4.000",      //
-                                   "color K 3 0 0", "line 3920 1410 3920 1445",  //
-                                   "color k 2 0 0", "left 3920 1522 8.000",      //
-                                   "left 360 174 Probability",                   //
-                                   "color K 3 0 0", "line 720 290 720 1410",     //
-                                   "line 720 1410 685 1410",                  // three ticks of 500
-                                   "color k 2 0 0", "right 584 1410 -2.000",  //
-                                   "color K 3 0 0", "line 720 910 685 910",   //
-                                   "color k 2 0 0", "right 584 910 0.000",    //
-                                   "color K 3 0 0", "line 720 410 685 410",   //
-                                   "color k 2 0 0", "right 584 410 2.000",    //
-                                   "color K 1 0 0", "move 1320 1160",         // 1.5 s are 600
-                                   "path 1321 785", "path 1322 910", "stroke"));
+  EXPECT_EQ(Lines(), PlotParts({"left 1875 1650 Time (s)",
+                                "line 720 1410 4185 1410",
+                                "line 720 1410 720 1445",  // three ticks of 1600
+                                "left 720 1522 0.000",
+                                "line 2320 1410 2320 1445",
+                                "left 2320 1522 4.000",
+                                "line 3920 1410 3920 1445",
+                                "left 3920 1522 8.000",
+                                "left 360 174 Probability",
+                                "line 720 290 720 1410",
+                                "line 720 1410 685 1410",  // three ticks of 500
+                                "right 584 1410 -2.000",
+                                "line 720 910 685 910",
+                                "right 584 910 0.000",
+                                "line 720 410 685 410",
+                                "right 584 410 2.000",
+                                "color K 1 0 0",
+                                "move 1320 1160",  // 1.5 s are 600
+                                "path 1321 785",
+                                "path 1322 910",
+                                "stroke"}));
 }
 
 TEST_F(StationarityViewTest, TheNumbersThatComputingLeftAreDrawn) {
@@ -213,10 +217,8 @@ TEST_F(StationarityViewTest, ASingleSampleIsStrokedToo) {
 TEST_F(StationarityViewTest, WithoutSamplesThereAreTitlesAndTheLinesOfTheAxes) {
   UseSamples({});
   Draw();
-  EXPECT_THAT(Lines(),
-              ElementsAre("color k 2 0 0", "left 1875 1650 Time (s)", "color K 3 0 0",
-                          "line 720 1410 4185 1410", "color k 2 0 0", "left 360 174 Probability",
-                          "color K 3 0 0", "line 720 290 720 1410"));
+  EXPECT_EQ(Lines(), PlotParts({"left 1875 1650 Time (s)", "line 720 1410 4185 1410",
+                                "left 360 174 Probability", "line 720 290 720 1410"}));
 }
 
 TEST_F(StationarityViewTest, WithoutASelectedSweepThereAreTitlesAndTheLinesOfTheAxes) {
@@ -237,22 +239,26 @@ TEST_F(StationarityViewTest, WithAxesAndLabelsOffThereIsTheCurveAlone) {
   EXPECT_THAT(Lines(), ElementsAre("color K 1 0 0", "move 1320 1160", "path 1321 785", "stroke"));
 }
 
-TEST_F(StationarityViewTest, WithoutAxesThereAreTitlesAndNumbersInOneColour) {
+TEST_F(StationarityViewTest, WithoutAxesThereAreTitlesAndNumbers) {
   UseSamples({0.0});
   plot().ShowAxes = false;
   Draw();
   EXPECT_EQ(CountLines("line"), 0);
   EXPECT_EQ(CountLines("left") + CountLines("right"), 8);
-  EXPECT_THAT(LinesOf({"color"}), ElementsAre("color k 2 0 0", "color K 1 0 0"));
+  EXPECT_EQ(CountLines("color k 2"), 8);
+  EXPECT_EQ(LinesOf({"color"}).back(), "color K 1 0 0");
+  EXPECT_EQ(CountLines("color"), 9);
 }
 
-TEST_F(StationarityViewTest, WithoutLabelsThereAreLinesAndTicksInOneColour) {
+TEST_F(StationarityViewTest, WithoutLabelsThereAreLinesAndTicks) {
   UseSamples({0.0});
   plot().ShowLabels = false;
   Draw();
   EXPECT_EQ(CountLines("line"), 8);
   EXPECT_EQ(CountLines("left") + CountLines("right"), 0);
-  EXPECT_THAT(LinesOf({"color"}), ElementsAre("color K 3 0 0", "color K 1 0 0"));
+  EXPECT_EQ(CountLines("color K 3"), 8);
+  EXPECT_EQ(LinesOf({"color"}).back(), "color K 1 0 0");
+  EXPECT_EQ(CountLines("color"), 9);
 }
 
 TEST_F(StationarityViewTest, AValueTickOfNoHeightLeavesTicksAndCurveOut) {

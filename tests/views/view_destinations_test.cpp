@@ -31,15 +31,6 @@ class ViewDestinationsTest : public DestinationsTest {
     ForgetAll();
   }
 
-  using Way = std::vector<std::string> (ViewDestinationsTest::*)(ViewKind);
-
-  std::vector<std::string> File(ViewKind kind) { return ToFile(kind); }
-  std::vector<std::string> Metafile(ViewKind kind) { return ToMetafile(kind); }
-  std::vector<std::string> Paper(ViewKind kind) { return ToPaper(kind); }
-
-  static constexpr Way kAllWays[] = {&ViewDestinationsTest::File, &ViewDestinationsTest::Metafile,
-                                     &ViewDestinationsTest::Paper};
-
   /// All that layouts leave behind.
   std::vector<double> Layouts() {
     std::vector<double> numbers;
@@ -104,13 +95,12 @@ TEST_F(ViewDestinationsTest, ResettingTheViewsFillsAllThreeForms) {
 
 // --- The state in which a drawing starts ---------------------------------------------------------
 
-TEST_F(ViewDestinationsTest, AMetafileBeginsWithThePenOfTheExportAndIsClippedToThePicture) {
+TEST_F(ViewDestinationsTest, AMetafileBeginsWithThePenOfTheExport) {
   for (const ViewKind kind : AllKinds()) {
     Show(kind);
     const std::vector<std::string> lines = ToMetafile(kind);
     ASSERT_GT(lines.size(), std::size_t{4}) << TitleOf(kind);
     EXPECT_EQ(lines[0], "pen width 2") << "the smallest whole number not below 1.2";
-    EXPECT_EQ(lines[1], "clip 20 10 1700 1690") << TitleOf(kind);
     EXPECT_EQ(*(lines.end() - 2), "clip off") << TitleOf(kind);
     EXPECT_EQ(lines.back(), "clean up") << TitleOf(kind);
   }
@@ -118,7 +108,7 @@ TEST_F(ViewDestinationsTest, AMetafileBeginsWithThePenOfTheExportAndIsClippedToT
 
 TEST_F(ViewDestinationsTest, OnlyTheScreenHasABackground) {
   for (const ViewKind kind : AllKinds()) {
-    for (const Way way : kAllWays) {
+    for (const Way way : AllWays()) {
       const std::vector<std::string> lines = (this->*way)(kind);  // its window is closed
       EXPECT_THAT(lines, Not(Contains(StartsWith("background")))) << TitleOf(kind);
       EXPECT_THAT(lines, Not(Contains(StartsWith("fill ")))) << TitleOf(kind);
@@ -173,7 +163,7 @@ TEST_F(ViewDestinationsTest, NothingThatGoesIntoADocumentIsSeenOnADevice) {
 
 TEST_F(ViewDestinationsTest, AFormerFailureStopsNoDestination) {
   for (const ViewKind kind : AllKinds()) {
-    for (const Way way : kAllWays) {
+    for (const Way way : AllWays()) {
       workspace().ExportRect = kPicture;
       const std::vector<std::string> lines = (this->*way)(kind);
       workspace().ExportRect = kPicture;
@@ -257,7 +247,7 @@ TEST_F(ViewDestinationsTest, EveryViewGoesEverywhereWithoutATrace) {
   const std::vector<double> layouts = Layouts();
   for (const ViewKind kind : AllKinds()) {
     const std::vector<std::string> screen = Paint(kind);
-    for (const Way way : kAllWays) {
+    for (const Way way : AllWays()) {
       EXPECT_FALSE((this->*way)(kind).empty());
       EXPECT_EQ(Layouts(), layouts) << TitleOf(kind);
       EXPECT_EQ(workspace().Graphics.Device.Dc, nullptr);
@@ -275,7 +265,7 @@ TEST_F(ViewDestinationsTest, EveryViewGoesEverywhereWithoutATrace) {
 
 TEST_F(ViewDestinationsTest, AViewWithoutWindowGoesEverywhereToo) {
   for (const ViewKind kind : AllKinds()) {
-    for (const Way way : kAllWays) EXPECT_GT((this->*way)(kind).size(), std::size_t{3});
+    for (const Way way : AllWays()) EXPECT_GT((this->*way)(kind).size(), std::size_t{3});
   }
 }
 
@@ -299,80 +289,19 @@ TEST_F(ViewDestinationsTest, ADocumentIsDrawnInTheRectangleThatItIsGiven) {
   EXPECT_THAT(recording::Lines(), Contains("line 60 200 420 200")) << "the horizontal axis";
 }
 
-// --- Paint messages in the middle of a drawing ---------------------------------------------------
-
-class InterruptedDrawingTest : public ViewDestinationsTest {
- protected:
-  InterruptedDrawingTest() {
-    Show(ViewKind::Amplitude);
-    Show(ViewKind::Duration);
-    Show(ViewKind::Stationarity);
-  }
-
-  /// What comes of `way` when there is no memory, and these views are painted while the box stands.
-  std::vector<std::string> Interrupt(Way way, ViewKind kind, const std::vector<ViewKind>& painted) {
-    shell().WhileBoxStands = [&](FrameWindow*) {
-      shell().KeepsDrawing = false;
-      for (const ViewKind other : painted) PaintByMessage(View(other).Window);
-      shell().KeepsDrawing = true;
-    };
-    shell().Allocation = {.Next = 1};
-    const std::vector<std::string> lines = (this->*way)(kind);
-    shell().WhileBoxStands = nullptr;
-    EXPECT_EQ(shell().Boxes.size(), std::size_t{1});
-    shell().Boxes.clear();
-    shell().Allocation = {};
-    return lines;
-  }
-
-  static void PaintByMessage(ChildWindow* window) {
-    DeviceRecord device = toolkit::AcquireDevice(window);
-    window->Callbacks->Paint(window, device);
-    toolkit::ReleaseDevice(window, device);
-  }
-
-  void ForgetCounts() {
-    DurationHistogram& histogram = workspace().Duration;
-    toolkit::FreeMemory(histogram.Bins);
-    toolkit::FreeMemory(histogram.Edges);
-    histogram.Bins = nullptr;
-    histogram.Edges = nullptr;
-  }
-
-  std::vector<std::string> AxesAlone(Way way) {
-    workspace().Stationarity.ShortestSweep = 0.0;
-    const std::vector<std::string> axes = (this->*way)(ViewKind::Stationarity);
-    workspace().Stationarity.ShortestSweep = 10.0;
-    return axes;
-  }
-};
-
-TEST_F(InterruptedDrawingTest, AStationarityPlotWithoutMemoryStillComesOutWithItsAxes) {
-  for (const Way way : kAllWays) {
-    const std::vector<std::string> axes = AxesAlone(way);
-    EXPECT_EQ(Interrupt(way, ViewKind::Stationarity, {}), axes);
-    EXPECT_EQ(Interrupt(way, ViewKind::Stationarity, {ViewKind::Amplitude}), axes);
-    EXPECT_EQ(Interrupt(way, ViewKind::Stationarity, {ViewKind::Stationarity}), axes);
-    EXPECT_EQ(Interrupt(way, ViewKind::Stationarity,
-                        {ViewKind::Stationarity, ViewKind::Duration, ViewKind::Amplitude}),
-              axes);
-  }
-}
-
-TEST_F(InterruptedDrawingTest, ADurationHistogramThatCannotBeCountedStillComesOut) {
-  for (const Way way : kAllWays) {
-    const std::vector<std::string> whole = (this->*way)(ViewKind::Duration);
-    ForgetCounts();
-    const std::vector<std::string> withoutBars = Interrupt(way, ViewKind::Duration, {});
-    ASSERT_LT(withoutBars.size(), whole.size());
-    ForgetCounts();
-    EXPECT_EQ(Interrupt(way, ViewKind::Duration, {ViewKind::Amplitude}), withoutBars);
-    ForgetCounts();
-    EXPECT_EQ(Interrupt(way, ViewKind::Duration, {ViewKind::Stationarity}), withoutBars);
-    ForgetCounts();
-    EXPECT_EQ(Interrupt(way, ViewKind::Duration, {ViewKind::Duration}), whole)
-        << "the window has counted it meanwhile";
-  }
+TEST_F(ViewDestinationsTest, WithoutADeviceThatMeasuresNothingGoesOut) {
+  Show(ViewKind::Scatter);
+  shell().MeasuringDevice = {.Next = 1, .Lasting = true};
+  recording::Clear();
+  EXPECT_EQ(DrawViewToFile(workspace(), ViewKind::Scatter, recording::kRecordingSink, kPicture),
+            -1);
+  EXPECT_THAT(recording::Lines(), IsEmpty());
+  EXPECT_EQ(workspace().Graphics.Status, -1);
+  workspace().Graphics.Status = 0;
+  MetafileRecord record;
+  EXPECT_FALSE(DrawViewToMetafile(workspace(), ViewKind::Scatter, &record));
+  EXPECT_EQ(workspace().Graphics.Status, -1);
+  EXPECT_EQ(shell().LiveMetafiles, 0);
 }
 
 }  // namespace

@@ -138,6 +138,65 @@ TEST_F(OutputFileTest, WhatCannotBeOpenedIsTold) {
   EXPECT_NE(CloseOutputFile(file_), 0);
 }
 
+TEST_F(OutputFileTest, ANewFileTakesThePlaceOfTheOneThatStandsThere) {
+  ASSERT_EQ(WriteLine(file_, "former"), 0);
+  ASSERT_EQ(CloseOutputFile(file_), 0);
+  EXPECT_EQ(CreateOutputFile(path_.c_str(), file_), 0);
+  EXPECT_EQ(WriteText(file_, "new"), 0);
+  EXPECT_EQ(CloseOutputFile(file_), 0);
+  EXPECT_EQ(OnDisk(), "new");
+}
+
+TEST_F(OutputFileTest, ANewFileThatCannotBeOpenedIsRemovedAgain) {
+  ASSERT_EQ(CloseOutputFile(file_), 0);
+  shell().OpenForWriting = {.Next = 1};
+  EXPECT_NE(CreateOutputFile(path_.c_str(), file_), 0);
+  EXPECT_FALSE(std::filesystem::exists(path_));
+}
+
+TEST_F(OutputFileTest, AFileThatCannotBeMadeIsNotOpened) {
+  ASSERT_EQ(CloseOutputFile(file_), 0);
+  const int opened = shell().OpenForWriting.Calls;
+  shell().Create = {.Next = 1};
+  EXPECT_NE(CreateOutputFile(path_.c_str(), file_), 0);
+  EXPECT_EQ(shell().OpenForWriting.Calls, opened);
+}
+
+TEST_F(OutputFileTest, WhatCannotBeMadeOrOpenedTakesNothing) {
+  const toolkit::FileHandle stale = file_.Handle;
+  ASSERT_EQ(CloseOutputFile(file_), 0);
+  for (scripted::Fault* fault : {&shell().Create, &shell().OpenForWriting}) {
+    // What an earlier file may have left behind: neither is written to, nor closed once more.
+    file_.Handle = stale;
+    file_.Status = 0;
+    file_.Used = 5;
+    *fault = {.Next = 1};
+    const std::int32_t code = CreateOutputFile(path_.c_str(), file_);
+    EXPECT_NE(code, 0);
+    ASSERT_EQ(file_.Handle.Handle, nullptr);
+    EXPECT_EQ(file_.Used, 0u);
+    EXPECT_EQ(WriteLine(file_, std::string(2 * file_.Gathered.size(), 'x')), code);
+    EXPECT_EQ(FlushOutputFile(file_), code);
+    EXPECT_EQ(CloseOutputFile(file_), code);
+    EXPECT_EQ(shell().Write.Calls, 0);
+    EXPECT_EQ(shell().OpenFiles, 0);
+  }
+}
+
+TEST_F(OutputFileTest, AfterAFailureTheNextFileIsWhole) {
+  ASSERT_EQ(CloseOutputFile(file_), 0);
+  for (scripted::Fault* fault : {&shell().Create, &shell().OpenForWriting, &shell().Write}) {
+    *fault = {.Next = 1};
+    static_cast<void>(CreateOutputFile(path_.c_str(), file_));
+    WriteLine(file_, "first");
+    EXPECT_NE(CloseOutputFile(file_), 0);
+    ASSERT_EQ(CreateOutputFile(path_.c_str(), file_), 0);
+    WriteLine(file_, "second");
+    EXPECT_EQ(CloseOutputFile(file_), 0);
+    EXPECT_EQ(OnDisk(), "second\r\n");
+  }
+}
+
 TEST(RowTextTest, FieldsHaveOneTabBetweenThem) {
   RowText row;
   AppendInteger(row, -7);

@@ -174,6 +174,9 @@ LRESULT CALLBACK ChildProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_LBUTTONDOWN:
       OnLeftButtonDown(child, lParam);
       return 0;
+    case WM_CAPTURECHANGED:
+      child->Captured = false;  // also when a dialog has taken the mouse away from a drag
+      break;
     case WM_LBUTTONUP:
       OnLeftButtonUp(child, lParam);
       return 0;

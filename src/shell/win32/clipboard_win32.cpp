@@ -10,7 +10,12 @@ namespace {
 HGLOBAL DescribePicture(const METAFILEPICT& picture) {
   HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, sizeof(METAFILEPICT));
   if (memory == nullptr) return nullptr;
-  *static_cast<METAFILEPICT*>(GlobalLock(memory)) = picture;
+  auto* place = static_cast<METAFILEPICT*>(GlobalLock(memory));
+  if (place == nullptr) {
+    GlobalFree(memory);
+    return nullptr;
+  }
+  *place = picture;
   GlobalUnlock(memory);
   return memory;
 }

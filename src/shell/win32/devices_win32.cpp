@@ -173,7 +173,7 @@ void ClipTo(DeviceRecord& device, const IntRect& rect) {
 }
 
 void RemoveClip(DeviceRecord& device) {
-  // A wide region stands for none, so that a metafile records an operation of the same kind.
+  // A wide region stands for none, since not every device takes no region at all.
   HRGN everything = CreateRectRgn(-32767, -32767, 32767, 32767);
   SelectClipRgn(DcOf(device), everything);
   DeleteObject(everything);

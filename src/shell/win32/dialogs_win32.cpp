@@ -71,8 +71,12 @@ void OnInitialize(HWND dialog, const DialogRun& asked) {
     return;
   }
   *run = asked;
+  if (SetPropA(dialog, win32::kRecordProperty, run) == FALSE) {
+    FreeMemory(run);
+    End(dialog, asked.IsModal, kNoMemory);
+    return;
+  }
   run->EscapeHook = SetWindowsHookExA(WH_MSGFILTER, CatchEscape, nullptr, GetCurrentThreadId());
-  SetPropA(dialog, win32::kRecordProperty, run);
   run->Record->Handle = dialog;
   const int result = run->Operations->Initialize(*run->Record, run->User);
   if (result != 0) End(dialog, asked.IsModal, result);

@@ -22,11 +22,13 @@ std::int32_t StretchOver(HDC target, HDC memory, HBITMAP bitmap, const IntRect& 
   GetObjectA(bitmap, sizeof(facts), &facts);
   SetStretchBltMode(target, StretchModeOf(target));
   SetBrushOrgEx(target, 0, 0, nullptr);  // as the mode wants it
+  SetLastError(0);
   if (StretchBlt(target, rect.Left, rect.Top, Width(rect), Height(rect), memory, 0, 0,
                  facts.bmWidth, facts.bmHeight, SRCCOPY) != FALSE) {
     return 0;
   }
-  return win32::LastError();
+  const std::int32_t code = win32::LastError();
+  return code != 0 ? code : ERROR_GEN_FAILURE;
 }
 
 }  // namespace

@@ -52,10 +52,11 @@ DWORD FlagsOf(PrinterDialog dialog) {
   return dialog == PrinterDialog::Setup ? PD_PRINTSETUP | PD_RETURNDC : PD_RETURNDC;
 }
 
-/// Works on the messages that wait. Those that end the run are left for the program's own loop.
-void WorkOnMessages(const DialogRecord& dialog) {
+/// Works on the messages that wait. Those that end the run are left for the program's own loop, and
+/// so is what comes once the user has stopped the print: the frame takes input again by then.
+void WorkOnMessages(const DialogRecord& dialog, const bool& aborted) {
   MSG message{};
-  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+  while (!aborted && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam));
       return;
@@ -69,8 +70,9 @@ void WorkOnMessages(const DialogRecord& dialog) {
 
 BOOL CALLBACK AbortProcedure(HDC, int) {
   if (printing == nullptr) return TRUE;
-  WorkOnMessages(*printing->Dialog);
-  return *printing->Aborted ? FALSE : TRUE;
+  const bool& aborted = *printing->Aborted;
+  WorkOnMessages(*printing->Dialog, aborted);
+  return aborted ? FALSE : TRUE;
 }
 
 /// Of a step of a document, whose `result` is above 0 when it was done. Some drivers fail without
