@@ -13,6 +13,8 @@ wine_packages="wine wine64 fonts-wine fonts-liberation"
 screen_packages="xvfb openbox"
 test_packages="clang libclang-rt-dev clang-format libbenchmark-dev git
   g++-mingw-w64-i686-posix binutils-mingw-w64-i686"
+# Printers, and programs that read what Ondrel writes.
+reader_packages="cups ghostscript libwmf-bin python3"
 
 missing_packages() {
   local package

@@ -2,6 +2,7 @@
 #include <ostream>
 
 #include "dialog_sheets.h"
+#include "fixtures.h"
 
 namespace ondrel::e2e {
 namespace {
@@ -65,9 +66,16 @@ Dialog OpenSheet(const Program& program, const DialogSheet& sheet) {
   if (sheet.ViewCommand != 0) {
     program.Command(sheet.ViewCommand);
     program.WaitForTopView(sheet.ViewTitle);
+    if (sheet.Inside.X != 0) SizeInside(program.View(sheet.ViewTitle), sheet.Inside);
   }
   program.Command(sheet.Command);
   return program.WaitForDialog(sheet.Caption);
+}
+
+void CancelWhatFollows(const Program& program, const DialogSheet& sheet) {
+  if (sheet.FileDialog == nullptr) return;
+  program.WaitForDialog(sheet.FileDialog).Leave(kCancelButton);
+  program.ToForeground();
 }
 
 void EnterAll(const Dialog& dialog, const DialogSheet& sheet) {

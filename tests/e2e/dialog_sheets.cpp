@@ -1,12 +1,9 @@
 // The table of the settings dialogs.
-#include "dialog_sheets.h"
-
 #include "fixtures.h"
+#include "sheet_rows.h"
 
 namespace ondrel::e2e {
 namespace {
-
-using Rows = std::vector<SheetRow>;
 
 // --- Limits --------------------------------------------------------------------------------------
 
@@ -14,52 +11,8 @@ const Limits kAnyInteger{{"-", "-1"}, {"2147483648", "2147483647"}, {"-214748364
 const Limits kFromOne{{"0", "1"}, {"-", "2147483647"}};
 const Limits kFromTwo{{"1", "2"}, {"2x", "2147483647"}};
 const Limits kAnyReal{{"-", "-3.5"}, {"1 2", "1e3"}, {"", "0"}};
-const Limits kPositive{{"0", "0.001"}, {"-1", "1e3"}};
 const Limits kNotNegative{{"-0.001", "0"}, {"-", "1e3"}};
 const Limits kWithin8000{{"8000.01", "8000"}, {"-8000.01", "-8000"}};
-
-// --- Rows ----------------------------------------------------------------------------------------
-
-SheetRow Words(const char* text) {
-  return {.Text = text};
-}
-
-SheetRow Number(int id, const char* shown, const Limits& edges, const char* entered,
-                const char* later = nullptr) {
-  return {.Sort = SheetRow::Kind::Number,
-          .Id = id,
-          .Shown = shown,
-          .Entered = entered,
-          .Later = later == nullptr ? entered : later,
-          .Edges = edges};
-}
-
-SheetRow List(int id, std::vector<std::string> choices, const char* shown, const char* chosen) {
-  return {.Sort = SheetRow::Kind::List,
-          .Id = id,
-          .Choices = std::move(choices),
-          .Shown = shown,
-          .Entered = chosen,
-          .Later = chosen};
-}
-
-SheetRow Check(int id, const char* text, bool on) {
-  return {.Sort = SheetRow::Kind::Check,
-          .Id = id,
-          .Text = text,
-          .Shown = on ? "on" : "",
-          .Entered = "on",
-          .Later = on ? "" : "on"};
-}
-
-SheetRow Radio(int id, const char* text, bool on) {
-  return {.Sort = SheetRow::Kind::Radio,
-          .Id = id,
-          .Text = text,
-          .Shown = on ? "on" : "",
-          .Entered = on ? "" : "on",
-          .Later = on ? "" : "on"};
-}
 
 // --- Levels and sweeps ---------------------------------------------------------------------------
 

@@ -37,10 +37,14 @@ struct DialogSheet {
   const char* ViewTitle;
   std::vector<SheetRow> Rows;
   const char* First = "&OK";
+  const char* FileDialog = nullptr;  // that the first button leads to
+  Point Inside{};                    // of the view, pixels, when the dialog depends on it
 };
 
-/// All that menus lead to but "File Settings".
+/// All settings that menus lead to but "File Settings".
 const std::vector<DialogSheet>& EverySheet();
+/// What comes before something leaves the program.
+const std::vector<DialogSheet>& ExportSheets();
 
 /// As Dialog::Lines tells it, at the start and with everything entered.
 std::vector<std::string> LinesAtStart(const DialogSheet& sheet);
@@ -51,6 +55,9 @@ std::vector<int> TabStops(const DialogSheet& sheet);
 
 /// Brings its view forward and opens the dialog.
 Dialog OpenSheet(const Program& program, const DialogSheet& sheet);
+
+/// Cancels the file dialog that the first button led to, if it leads to one.
+void CancelWhatFollows(const Program& program, const DialogSheet& sheet);
 
 /// Enters everything that the sheet has to offer, from the top down.
 void EnterAll(const Dialog& dialog, const DialogSheet& sheet);

@@ -1,6 +1,6 @@
-// The settings dialogs, each opened from its menu: what stands in it, the keyboard in it, bad
-// numbers, and whether it keeps what was entered. Pictures of them are kept when ONDREL_PICTURES
-// names a folder.
+// The dialogs of settings and exports, each opened from its menu: what stands in it, the keyboard
+// in it, bad numbers, and whether it keeps what was entered. Pictures of them are kept when
+// ONDREL_PICTURES names a folder.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -96,6 +96,7 @@ TEST_P(EveryDialog, ReturnKeepsWhatWasEntered) {
   EnterAll(dialog, GetParam());
   program_.Key(VK_RETURN);
   dialog.WaitUntilGone();
+  CancelWhatFollows(program_, GetParam());
   EXPECT_THAT(OpenDialog().Lines(), ElementsAreArray(LinesLater(GetParam())));
 }
 
@@ -104,6 +105,7 @@ std::string NameOf(const ::testing::TestParamInfo<DialogSheet>& info) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, EveryDialog, ::testing::ValuesIn(EverySheet()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Exports, EveryDialog, ::testing::ValuesIn(ExportSheets()), NameOf);
 
 class EveryDialogWithNumbers : public EveryDialog {};
 
@@ -122,9 +124,9 @@ TEST_P(EveryDialogWithNumbers, ABadNumberGreysTheFirstButtonAloneUntilItIsMended
   }
 }
 
-std::vector<DialogSheet> SheetsWithNumbers() {
+std::vector<DialogSheet> WithNumbers(const std::vector<DialogSheet>& all) {
   std::vector<DialogSheet> sheets;
-  for (const DialogSheet& sheet : EverySheet()) {
+  for (const DialogSheet& sheet : all) {
     const bool any = std::any_of(sheet.Rows.begin(), sheet.Rows.end(),
                                  [](const SheetRow& row) { return !row.Edges.empty(); });
     if (any) sheets.push_back(sheet);
@@ -132,8 +134,10 @@ std::vector<DialogSheet> SheetsWithNumbers() {
   return sheets;
 }
 
-INSTANTIATE_TEST_SUITE_P(All, EveryDialogWithNumbers, ::testing::ValuesIn(SheetsWithNumbers()),
-                         NameOf);
+INSTANTIATE_TEST_SUITE_P(All, EveryDialogWithNumbers,
+                         ::testing::ValuesIn(WithNumbers(EverySheet())), NameOf);
+INSTANTIATE_TEST_SUITE_P(Exports, EveryDialogWithNumbers,
+                         ::testing::ValuesIn(WithNumbers(ExportSheets())), NameOf);
 
 // --- Single dialogs ------------------------------------------------------------------------------
 

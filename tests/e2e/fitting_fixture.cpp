@@ -31,7 +31,7 @@ double Place(int index, int stride, int count) {
 
 }  // namespace
 
-std::string RecordingOf(const Channel& channel) {
+std::vector<Opening> OpeningsOf(const Channel& channel) {
   std::vector<Opening> openings;
   for (int index = 0; index < channel.Openings; ++index) {
     openings.push_back(
@@ -39,7 +39,11 @@ std::string RecordingOf(const Channel& channel) {
          channel.Open * ExponentialQuantile(Place(index, 137, channel.Openings)),
          channel.Closed * ExponentialQuantile(Place(index, 149, channel.Openings))});
   }
-  return VersionFiveOf(openings);
+  return openings;
+}
+
+std::string RecordingOf(const Channel& channel) {
+  return VersionFiveOf(OpeningsOf(channel));
 }
 
 int LevelsOf(const Channel& channel) {

@@ -21,6 +21,7 @@ struct Channel {
   int Openings = 400;
 };
 
+std::vector<Opening> OpeningsOf(const Channel& channel);
 std::string RecordingOf(const Channel& channel);
 
 /// Levels that a recording of one sweep gives to the histograms: each sweep's first and last are

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 namespace ondrel::e2e {
 namespace {
@@ -140,6 +141,32 @@ std::string ImportTable(int sweeps, int eventsPerSweep) {
   return SixColumns(Transitions(sweeps, eventsPerSweep));
 }
 
+std::string ContentOf(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+void WriteContent(const std::string& path, const std::string& content) {
+  std::ofstream out(path, std::ios::binary);
+  out << content;
+}
+
+std::vector<std::string> LinesOf(const std::string& content) {
+  std::vector<std::string> lines;
+  std::size_t start = 0;
+  for (std::size_t end = 0; (end = content.find("\r\n", start)) != std::string::npos;) {
+    lines.push_back(content.substr(start, end - start));
+    start = end + 2;
+  }
+  if (start < content.size()) lines.push_back(content.substr(start));
+  return lines;
+}
+
+HeldFile::HeldFile(const std::string& path)
+    : handle_(CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)) {
+  if (handle_ == INVALID_HANDLE_VALUE) Fail("the file " + path + " cannot be held");
+}
+
 RowGrid::RowGrid(int fontSize) {
   const HDC screen = GetDC(nullptr);
   const int height = fontSize * GetDeviceCaps(screen, LOGPIXELSY) / 72;
@@ -194,6 +221,16 @@ void EndToEnd::OpenTable(Program& program, const std::string& content) const {
   program.Open(File("table.evt", content));
   program.WaitForViews({"Level", "Event"});
   program.ToForeground();
+}
+
+void SizeInside(const Window& view, Point size) {
+  const Rect place = view.PlaceInParent();
+  const Rect inside = view.ClientArea();
+  view.MoveTo({place.Left, place.Top, place.Right + size.X - inside.Width(),
+               place.Bottom + size.Y - inside.Height()});
+  WaitFor("the view to take its size", [&] {
+    return view.ClientArea().Width() == size.X && view.ClientArea().Height() == size.Y;
+  });
 }
 
 void ChooseColor(const Program& program, int id, const std::string& title, std::uint32_t color) {

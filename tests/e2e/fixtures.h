@@ -17,7 +17,12 @@ inline constexpr int kOpen = 51713;
 inline constexpr int kClose = 51714;
 inline constexpr int kAdd = 51715;
 inline constexpr int kImport = 51717;
+inline constexpr int kSaveEvents = 51719;
+inline constexpr int kSaveLevels = 51720;
 inline constexpr int kSettings = 51724;
+inline constexpr int kExportGraph = 51726;
+inline constexpr int kExportText = 51727;
+inline constexpr int kPrint = 51728;
 inline constexpr int kExit = 51730;
 inline constexpr int kReset = 52227;
 inline constexpr int kViewEvent = 52486;
@@ -73,6 +78,23 @@ std::string VersionFiveOfSweeps(const std::vector<RecordedSweep>& sweeps);
 /// Six columns for "&Import Events...".
 std::string ImportTable(int sweeps, int eventsPerSweep);
 
+std::string ContentOf(const std::string& path);
+void WriteContent(const std::string& path, const std::string& content);
+/// Lines without their ends. Whatever stands behind the last end is a line, too.
+std::vector<std::string> LinesOf(const std::string& content);
+
+/// A file that nobody else may open meanwhile.
+class HeldFile {
+ public:
+  explicit HeldFile(const std::string& path);
+  ~HeldFile() { CloseHandle(handle_); }
+  HeldFile(const HeldFile&) = delete;
+  HeldFile& operator=(const HeldFile&) = delete;
+
+ private:
+  HANDLE handle_;
+};
+
 /// Where the rows of a table view stand in a picture of its client area, at the font size with
 /// which the program starts.
 class RowGrid {
@@ -110,6 +132,9 @@ class EndToEnd : public ::testing::Test {
  private:
   std::string folder_;
 };
+
+/// Gives the inside of a view this size, pixels, and waits until it has it.
+void SizeInside(const Window& view, Point size);
 
 /// Takes a colour, 0xRRGGBB, in the dialog with this title that a colour command brings up.
 void ChooseColor(const Program& program, int id, const std::string& title, std::uint32_t color);

@@ -3,6 +3,8 @@
 //   ONDREL_SAMPLES     a folder of sample tables
 //   ONDREL_RECORDINGS  a folder of recordings
 //   ONDREL_PICTURES    where pictures of views, and of the screen at a failure, are kept
+//   ONDREL_EXPORTS     where what leaves the program is kept, for readers/ to look at
+//   ONDREL_PRINTER     the printer of with_printer.sh, without which nothing can be printed
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Tables of the menus and of the commands that this version offers.
+// Tables of the menus.
 #include "menu_tables.h"
 
 #include <algorithm>
@@ -18,9 +18,6 @@ struct Row {
 
 // They start from estimates, which are there while the view of a fit's parameters is open.
 constexpr int kAutomaticFits[] = {53255, 53512};
-
-// Commands that this version does not offer in any state: saving of tables, exports, printing.
-constexpr int kWithheld[] = {51719, 51720, 51726, 51727, 51728};
 
 constexpr Row kSeparator{-1, nullptr, kAlways};
 
@@ -179,10 +176,6 @@ bool IsAmong(const int (&ids)[Count], int id) {
   return std::find(std::begin(ids), std::end(ids), id) != std::end(ids);
 }
 
-bool IsWithheld(int id) {
-  return IsAmong(kWithheld, id);
-}
-
 std::string Line(int level, int id, bool enabled, const char* text) {
   return std::string(static_cast<std::size_t>(2 * level), ' ') +
          (id > 0 ? std::to_string(id) + " " : "") + (enabled ? "" : "(grey) ") + text;
@@ -204,7 +197,7 @@ std::vector<std::string> ExpectedBar(MenuState state, const std::vector<std::str
     } else if (row.Id < 0) {
       lines.emplace_back("  -");
     } else {
-      const bool enabled = (inState && !IsWithheld(row.Id)) || !popupEnabled;
+      const bool enabled = inState || !popupEnabled;
       lines.push_back(Line(1, row.Id, enabled, row.Text));
     }
   }
@@ -215,7 +208,7 @@ std::vector<std::string> ExpectedViewPopup(const std::string& view, bool fitOpen
   std::vector<std::string> lines;
   for (const ViewRow& row : kViewPopups) {
     if (view != row.View) continue;
-    const bool enabled = !IsWithheld(row.Id) && (fitOpen || !IsAmong(kAutomaticFits, row.Id));
+    const bool enabled = fitOpen || !IsAmong(kAutomaticFits, row.Id);
     lines.push_back(row.Id < 0 ? "  -" : Line(row.Level, row.Id, enabled, row.Text));
   }
   return lines;

@@ -163,21 +163,6 @@ TEST_F(PreferenceFiles, CancellingTheFileDialogsChangesNothing) {
 
 // --- Files that cannot be written ----------------------------------------------------------------
 
-/// A file that nobody else may open meanwhile.
-class HeldFile {
- public:
-  explicit HeldFile(const std::string& path)
-      : handle_(CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)) {
-    if (handle_ == INVALID_HANDLE_VALUE) Fail("the file " + path + " cannot be held");
-  }
-  ~HeldFile() { CloseHandle(handle_); }
-  HeldFile(const HeldFile&) = delete;
-  HeldFile& operator=(const HeldFile&) = delete;
-
- private:
-  HANDLE handle_;
-};
-
 TEST_F(PreferenceFiles, AnEndThatCannotSaveTellsTheCodeAndIsAnEndAllTheSame) {
   StartAfresh();
   EnterFontSize("17");

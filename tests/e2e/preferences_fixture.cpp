@@ -3,33 +3,9 @@
 
 #include <gmock/gmock.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "dialog_sheets.h"
 
 namespace ondrel::e2e {
-
-std::string ContentOf(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-void WriteContent(const std::string& path, const std::string& content) {
-  std::ofstream out(path, std::ios::binary);
-  out << content;
-}
-
-std::vector<std::string> LinesOf(const std::string& content) {
-  std::vector<std::string> lines;
-  std::size_t start = 0;
-  for (std::size_t end = 0; (end = content.find("\r\n", start)) != std::string::npos;) {
-    lines.push_back(content.substr(start, end - start));
-    start = end + 2;
-  }
-  if (start < content.size()) lines.push_back(content.substr(start));
-  return lines;
-}
 
 void PreferencesTest::StartAfresh() {
   program_.reset();

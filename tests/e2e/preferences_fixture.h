@@ -15,11 +15,6 @@ inline constexpr int kSavePreferences = 51723;
 inline constexpr const char* kPreferenceDialog = "Preference file:";
 inline constexpr std::size_t kPreferenceLines = 302;
 
-std::string ContentOf(const std::string& path);
-void WriteContent(const std::string& path, const std::string& content);
-/// Lines without their ends. Whatever stands behind the last end is a line, too.
-std::vector<std::string> LinesOf(const std::string& content);
-
 class PreferencesTest : public EndToEnd {
  protected:
   /// A first start, up to the state without data.

@@ -1,7 +1,8 @@
 // Takes the real program along the road of a recording without anybody at the keyboard: opens a
-// sample, lays its views out side by side, places estimates on its histograms with the mouse and
-// has them fitted, opens two more samples for the scatter plots and the stationarity plot, keeps
-// pictures of all that, and tells what it found.
+// sample, lays its views out side by side, opens two more samples for the scatter plots and the
+// stationarity plot, comes back to the first one, places estimates on its histograms with the
+// mouse, has them fitted, and exports a fitted histogram. It keeps pictures of all that, and tells
+// what it found and where it lies.
 //
 //   ondrel_tour.exe samples-folder output-folder
 #include <cstdio>
@@ -90,27 +91,34 @@ void TellRows(const Program& program) {
   }
 }
 
-int Tour(const std::string& samples, const std::string& output) {
-  std::filesystem::create_directories(output);
-  Tell("Starting Ondrel.");
-  Program program;
-  program.PassStart();
+void OpenSample(Program& program, const std::string& samples) {
   Tell(std::string("Opening ") + kSample + ".");
   program.Open(samples + "\\" + kSample);
   program.WaitForViews({"Level", "Event"});
   Tell("Laying out the views.");
   ArrangeViews(program);
   ShowFrameAnew(program);
+}
+
+int Tour(const std::string& samples, const std::string& output) {
+  std::filesystem::create_directories(output);
+  Tell("Starting Ondrel.");
+  Program program;
+  program.PassStart();
+  OpenSample(program, samples);
   std::string titles;
   for (const std::string& title : program.ViewTitles()) titles += " '" + title + "'";
   Tell("Open views, the active one first:" + titles);
   TellRows(program);
   Tell("Pictures:");
   KeepPictures(program, output);
-  Tell("Placing estimates on the histograms with the mouse, and fitting.");
-  FitHistograms(program, output);
   program.CommandDone(kClose);
   ShowPlots(program, samples, output);
+  OpenSample(program, samples);
+  Tell("Placing estimates on the histograms with the mouse, and fitting.");
+  FitHistograms(program, output);
+  Tell("Exporting the fitted durations to " + output + ":");
+  ExportFit(program, output);
   const int code = program.Exit();
   Tell("Ondrel ended with exit code " + std::to_string(code) + ".");
   return code;

@@ -22,6 +22,10 @@ void KeepFrame(const Program& program, const std::string& output, const std::str
 /// Places estimates on both histograms with the mouse and has them fitted.
 void FitHistograms(const Program& program, const std::string& output);
 
+/// Sends the fitted histogram of durations out of the program in every form that is a file, and the
+/// levels with it, into the folder `output`.
+void ExportFit(const Program& program, const std::string& output);
+
 /// Shows the four plots of samples with something to see in them. No data set is open before and
 /// none afterwards.
 void ShowPlots(Program& program, const std::string& samples, const std::string& output);

@@ -211,6 +211,7 @@ TEST_F(TextRowsTest, AStatisticsRowWithoutEventsSaysNotANumberInItsMeans) {
     level.Level = 2 * row;
   });
   workspace().Statistics.Reference = StatisticsReference::Levels;
+  workspace().Statistics.Reference = StatisticsReference::Levels;
   CalculateStatistics(workspace());
   ASSERT_EQ(workspace().Statistics.RowCount, 3);
   const StatisticsRow& between = workspace().Statistics.Rows[1];
