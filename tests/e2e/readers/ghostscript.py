@@ -35,6 +35,15 @@ def draw(document, width, height, dpi, **around):
     return pictures.parse_ppm(run(document, "ppmraw", width, height, dpi, **around))
 
 
+def to_pdf(document, width, height):
+    return run(document, "pdfwrite", width, height, 300)
+
+
+def draw_file(path, width, height, dpi):
+    """What stands in a file, of any form that Ghostscript knows."""
+    return draw(b"", width, height, dpi, before=[path])
+
+
 def read_text(document, width, height, **around):
     text = run(document, "txtwrite", width, height, 72, **around).decode("utf-8")
     return [" ".join(line.split()) for line in text.split("\n") if line.strip()]

@@ -1,4 +1,4 @@
-"""Printed pages, drawn by Ghostscript, against the window that they come from."""
+"""Printed pages, made into a PDF and drawn from it, against the window that they come from."""
 
 import unittest
 
@@ -16,7 +16,10 @@ DOTS = 300 / 96  # of the printer, to a pixel
 @exports.spread
 class Pages(unittest.TestCase):
     def page(self, view):
-        page = ghostscript.draw(exports.content(view + "_page.ps"), *A4, 96)
+        pdf = exports.path(view + "_page.pdf")
+        with open(pdf, "wb") as file:
+            file.write(ghostscript.to_pdf(exports.content(view + "_page.ps"), *A4))
+        page = ghostscript.draw_file(pdf, *A4, 96)
         page.write_png(exports.path(view + "_page.png"))
         return page
 
