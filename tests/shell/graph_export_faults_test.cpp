@@ -46,7 +46,9 @@ class GraphExportFaultsTest : public PictureCommandTest {
   /// A table of so many rows that its document takes many writes.
   void ShowManyRows() {
     FreeEventTable(workspace().Events);
-    FillEvents(100, [](EventRecord& event, std::int32_t row) { event.Sweep = row; });
+    FillEvents(100, [](EventRecord& event, std::int32_t row) {
+      event.Sweep = static_cast<std::uint32_t>(row);
+    });
     Paint(ViewKind::Event);
   }
 };

@@ -17,7 +17,6 @@ using ::testing::StartsWith;
 class FitDestinationsTest : public DestinationsTest {
  protected:
   static constexpr std::int32_t kLeft = 20;
-  static constexpr std::int32_t kTop = 10;
   // 20 and a fifth of it, since the font asks for no leading.
   static constexpr std::int32_t kFitLine = 24;
 

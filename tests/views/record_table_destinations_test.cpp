@@ -22,7 +22,9 @@ class RecordTableDestinationsTest : public DestinationsTest {
 
   RecordTableDestinationsTest() {
     FreeEventTable(workspace().Events);
-    FillEvents(100, [](EventRecord& event, std::int32_t row) { event.Sweep = row + 1; });
+    FillEvents(100, [](EventRecord& event, std::int32_t row) {
+      event.Sweep = static_cast<std::uint32_t>(row + 1);
+    });
   }
 
   /// Opens the view with room for `rows` rows, from row `top` on.
